@@ -1,0 +1,29 @@
+# One interface target that carries the language level, warnings and arithmetic of all our code.
+
+add_library(orvell_compile INTERFACE)
+target_compile_features(orvell_compile INTERFACE cxx_std_20)
+target_include_directories(orvell_compile INTERFACE
+    ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/include)
+target_compile_options(orvell_compile INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
+    -Wimplicit-fallthrough -Wcast-align -Wformat=2 -Werror)
+
+# SSE2 arithmetic gives the same bits whatever the optimisation level and whatever precision the
+# host has set for the x87 unit. The host's threads may enter with a 4-byte aligned stack.
+set(ORVELL_ARITHMETIC -msse2 -mfpmath=sse -ffp-contract=off -mstackrealign)
+add_compile_options(${ORVELL_ARITHMETIC})
+
+if(ORVELL_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
+                        -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+if(WIN32)
+    target_compile_definitions(orvell_compile INTERFACE
+        UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601 WINVER=0x0601)
+    # Nothing but system DLLs is needed beside our files: the run-time is linked statically.
+    add_link_options(-static -static-libgcc -static-libstdc++)
+    # ASLR and DEP for every image that we build.
+    add_link_options(-Wl,--dynamicbase -Wl,--nxcompat -Wl,--enable-reloc-section)
+endif()

@@ -1,0 +1,242 @@
+/*
+ * The boundary between Orvell and its host: records, callbacks, tables and exports.
+ *
+ * Everything here is plain C for 32-bit Windows. All functions use the C calling convention
+ * (__cdecl) and undecorated names. Every record is packed to 4 bytes and all its words are
+ * little-endian. A text is a pointer to a NUL-terminated string of bytes in the system's ANSI
+ * code page. Truth values are 32-bit integers: 1 success, 0 failure.
+ *
+ * Size-prefixed records begin with their own size in bytes. The receiver reads
+ * min(sender's size, own size) bytes; what is missing counts as zero, and nothing is ever written
+ * beyond the size that a record declares.
+ *
+ * "Module-allocated" memory comes from the module and goes back through the release slot named
+ * with it; the host never frees it itself.
+ *
+ * Threads: every function is called on the host's user-interface thread, unless said otherwise.
+ */
+#ifndef ORVELL_ORVELL_H
+#define ORVELL_ORVELL_H
+
+#include <stdint.h>
+
+#if defined(_WIN32)
+#define ORVELL_CALL __cdecl
+#else
+#define ORVELL_CALL
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+#pragma pack(push, 4)
+
+/* ---- The host's services ------------------------------------------------------------------ */
+
+/* Callbacks that the host installs with SetZelkorExportFctns; an absent one is null. */
+typedef struct HostExportTable {
+    uint32_t size; /* 20 */
+    /* Number (0 or more) of the message page with this name; negative when there is none. */
+    int32_t(ORVELL_CALL* MessagePageLookup)(const char* pageName);
+    /* Appends a line to a message page. colour: 0x00BBGGRR; emphasis: 0 or 1. */
+    int32_t(ORVELL_CALL* MessagePageAppend)(int32_t page, const char* line, uint32_t colour,
+                                            int32_t emphasis);
+    void* reserved3; /* kept, never called */
+    void* reserved4; /* kept, never called */
+} HostExportTable;
+
+/* A text that ZELKORTOOL.DLL lends; goes back through its DeleteMStrBuf. */
+typedef struct MStrBuf {
+    char* text;
+    uint32_t reserved1; /* belongs to the tool library */
+    uint32_t reserved2;
+} MStrBuf;
+
+/* A text that the XML access library lends; goes back through its XMLIF_FreeMString. */
+typedef struct MString {
+    char* text;
+    uint32_t reserved1; /* belongs to the XML access library */
+    uint32_t reserved2;
+} MString;
+
+/* ---- Records of the standard-parameter table ---------------------------------------------- */
+
+/* A standard parameter's value. */
+typedef struct ParameterRecord {
+    uint32_t size;      /* 28 */
+    int32_t identifier; /* of the memory area; compared as a bit pattern */
+    uint32_t count;     /* elements; below 2: a single value, no vector */
+    uint32_t length;    /* of the value in bytes; counts as 0 when bytes is null */
+    void* bytes;        /* the value as the target stores it (little-endian, packed) */
+    int32_t attribute;  /* not 0: texts of STRING values are bare; 0: in quotation marks */
+    uint8_t format;     /* low 4 bits: 0 default, 1 signed, 2 unsigned, 3 hexadecimal */
+    uint8_t reserved[3];
+} ParameterRecord;
+
+/* What the parameter dialog edits. */
+typedef struct DialogParameterRecord {
+    uint32_t size;        /* 52 */
+    void* owner;          /* window handle; null: no owner */
+    uint32_t mode;        /* 1: offer the vector controls; 3: online */
+    int32_t identifier;   /* of the memory area */
+    uint32_t count;       /* vector length; below 2: a single value */
+    uint32_t blockLength; /* bytes at block; 0 when block is null */
+    void* block;          /* module-allocated; carried through untouched */
+    uint32_t length;      /* of the value in bytes */
+    void* bytes;          /* module-allocated value bytes */
+    uint32_t boxWidth;
+    const char* name;      /* shown as "name - extension" */
+    const char* extension; /* shown only when not empty */
+    uint8_t format;        /* bit 7: a format is given; low 4 bits: 0 to 3, others count as 0 */
+    uint8_t reserved[3];
+} DialogParameterRecord;
+
+/* Names the project to the configuration slots and the management table. */
+typedef struct ConfigurationRecord {
+    uint32_t size;    /* 12 */
+    void* owner;      /* window that owns the message boxes; null: none, boxes are top-most */
+    const char* path; /* the project's file */
+} ConfigurationRecord;
+
+/* Describes a type. Both texts are module-allocated; released through slot 24. */
+typedef struct TypeInformationRecord {
+    uint32_t size;       /* 24 */
+    uint32_t kind;       /* low 2 bits: 1 basic type, 2 enumerated, 3 structured */
+    char* name;          /* the type's name (slot 25: the enumerator's) */
+    uint32_t storedSize; /* bytes of one value */
+    char* baseTypeName;  /* kind 1: name of the base type (slot 25: the type's name), else null */
+    uint32_t count;      /* elements, enumerators or base-type code (slot 25: the value) */
+} TypeInformationRecord;
+
+/* Describes one element of a structured type. Both texts are module-allocated; slot 15. */
+typedef struct ElementRecord {
+    uint32_t size; /* 28 */
+    char* name;
+    char* typeName;
+    uint32_t index;     /* in: the wanted element, from 0 in definition order */
+    uint32_t dimension; /* consecutive values of the element's type */
+    uint32_t offset;    /* bytes from the start of the structure */
+    uint32_t width;     /* bytes of one value */
+} ElementRecord;
+
+/* Node of a name list; nodes and texts are module-allocated; released whole through slot 12. */
+typedef struct NameListNode {
+    char* first;
+    char* second;
+    struct NameListNode* next;
+} NameListNode;
+
+/* Describes a value to be gathered from texts or from the parameter list. */
+typedef struct ParameterDescriptionRecord {
+    uint32_t size; /* 36 */
+    int32_t identifier;
+    uint32_t count;
+    uint32_t length;
+    void* bytes;
+    int32_t attribute;
+    uint8_t format;
+    uint8_t reserved[3];
+    NameListNode* texts; /* (element path, text) pairs as slot 11 produces them */
+    const char* address; /* first address in the parameter list, used when texts is null */
+} ParameterDescriptionRecord;
+
+/*
+ * Kinds of FillRecord::Put: 1 enumerated byte, 2 word, 3 long, 4 float, 5 text,
+ * 6 duration/time/date, 7 integer byte, 8 64-bit integer, 9 double, 10 OLE date.
+ */
+typedef struct FillRecord {
+    uint32_t size; /* 8 */
+    /* Takes or fills byteCount bytes of one leaf value; not 0: success. */
+    int32_t(ORVELL_CALL* Put)(uint32_t first, uint32_t second, void* bytes, uint32_t byteCount,
+                              uint32_t kind);
+} FillRecord;
+
+/* One family of setters; not 0: success. first: element index; second: byte offset in it. */
+typedef struct OnlineSetters {
+    int32_t(ORVELL_CALL* Put8)(uint32_t first, uint32_t second, uint8_t value);
+    int32_t(ORVELL_CALL* Put16)(uint32_t first, uint32_t second, uint16_t value);
+    int32_t(ORVELL_CALL* Put32)(uint32_t first, uint32_t second, uint32_t value);
+    int32_t(ORVELL_CALL* Put64)(uint32_t first, uint32_t second, uint64_t value);
+    int32_t(ORVELL_CALL* PutFloat)(uint32_t first, uint32_t second, float value);
+    int32_t(ORVELL_CALL* PutDouble)(uint32_t first, uint32_t second, double value);
+    int32_t(ORVELL_CALL* PutText)(uint32_t first, uint32_t second, const char* text);
+} OnlineSetters;
+
+/* The getters write through their pointer, which the module has zeroed; not 0: success. */
+typedef struct OnlineGetters {
+    int32_t(ORVELL_CALL* Get8)(uint32_t first, uint32_t second, uint8_t* value);
+    int32_t(ORVELL_CALL* Get16)(uint32_t first, uint32_t second, uint16_t* value);
+    int32_t(ORVELL_CALL* Get32)(uint32_t first, uint32_t second, uint32_t* value);
+    int32_t(ORVELL_CALL* Get64)(uint32_t first, uint32_t second, uint64_t* value);
+    int32_t(ORVELL_CALL* GetFloat)(uint32_t first, uint32_t second, float* value);
+    int32_t(ORVELL_CALL* GetDouble)(uint32_t first, uint32_t second, double* value);
+    /* size: bytes at buffer, the closing NUL included */
+    int32_t(ORVELL_CALL* GetText)(uint32_t first, uint32_t second, char* buffer, uint32_t size);
+} OnlineGetters;
+
+/* The host's functions through which values reach the target system; absent ones are null. */
+typedef struct OnlineAccessRecord {
+    uint32_t size;             /* 136 */
+    OnlineSetters setters;     /* words 1 to 7 */
+    OnlineGetters getters;     /* words 8 to 14 */
+    OnlineSetters alternative; /* words 15 to 21: the setters of online writing */
+    uint32_t reserved[12];     /* words 22 to 33, never read */
+} OnlineAccessRecord;
+
+/* ---- The standard-parameter table --------------------------------------------------------- */
+
+typedef struct StdParaFunctionTable {
+    uint32_t size; /* 104 */
+    /*  1 */ int32_t(ORVELL_CALL* EditStdParameter)(DialogParameterRecord*, OnlineAccessRecord*);
+    /*  2 */ void(ORVELL_CALL* FreeStdParameter)(ParameterRecord*);
+    /*  3 */ char*(ORVELL_CALL* GetStdParameterText)(ParameterRecord*);
+    /*  4 */ void(ORVELL_CALL* FreeStdMemory)(void*);
+    /*  5 */ int32_t(ORVELL_CALL* ConvertStdParameter)(ParameterRecord*, OnlineAccessRecord*);
+    /*  6 */ void(ORVELL_CALL* LoadStdMemConfig)(ConfigurationRecord*, uint32_t token);
+    /*  7 */ void(ORVELL_CALL* SaveStdMemConfig)(ConfigurationRecord*, uint32_t token);
+    /*  8 */ void(ORVELL_CALL* CloseStdMemConfig)(uint32_t token);
+    /*  9 */ void(ORVELL_CALL* ExportStdMemConfig)(ConfigurationRecord*, const char* directory,
+                                                   uint32_t token);
+    /* 10 */ void(ORVELL_CALL* MergeStdMemConfig)(ConfigurationRecord*, const char* directory,
+                                                  uint32_t token);
+    /* 11 */ NameListNode*(ORVELL_CALL* GetStdParameterTextList)(ParameterRecord*);
+    /* 12 */ void(ORVELL_CALL* FreeStdTextList)(NameListNode*);
+    /* 13 */ int32_t(ORVELL_CALL* ResolveStdParameter)(ParameterDescriptionRecord*);
+    /* 14 */ int32_t(ORVELL_CALL* GetStdStructMemberInfo)(int32_t identifier, ElementRecord*,
+                                                          TypeInformationRecord*);
+    /* 15 */ void(ORVELL_CALL* FreeStdElementRecord)(ElementRecord*);
+    /* 16 */ int32_t(ORVELL_CALL* GetStdStructInfo)(int32_t identifier, TypeInformationRecord*);
+    /* 17 */ int32_t(ORVELL_CALL* ReadStdParameterOnline)(ParameterRecord*, OnlineAccessRecord*,
+                                                          volatile uint32_t* cancel);
+    /* 18 */ int32_t(ORVELL_CALL* WriteStdParameterOnline)(ParameterRecord*, OnlineAccessRecord*,
+                                                           volatile uint32_t* cancel);
+    /* 19 */ int32_t(ORVELL_CALL* FillStdParameterValue)(ParameterRecord*, FillRecord*);
+    /* 20 */ int32_t(ORVELL_CALL* FillStdParameterValueInPlace)(ParameterRecord*, FillRecord*);
+    /* 21 */ uint32_t(ORVELL_CALL* GetStdStructSize)(int32_t identifier);
+    /* 22 */ int32_t(ORVELL_CALL* CheckStdParameter)(ParameterRecord*);
+    /* 23 */ int32_t(ORVELL_CALL* GetStdTypeInfo)(int32_t identifier, TypeInformationRecord*);
+    /* 24 */ void(ORVELL_CALL* FreeStdTypeInfo)(TypeInformationRecord*);
+    /* 25 */ int32_t(ORVELL_CALL* GetStdEnumInfo)(int32_t identifier, uint32_t position,
+                                                  TypeInformationRecord*);
+} StdParaFunctionTable;
+
+#pragma pack(pop)
+
+/* ---- Exports ------------------------------------------------------------------------------ */
+
+/* Installs the host's callbacks; null empties the table. Returns 1. */
+int32_t ORVELL_CALL SetZelkorExportFctns(HostExportTable* table);
+
+/*
+ * Fills the host's table (its first word says how many bytes it has) with the slots above.
+ * Slots that do not fit are left out; words beyond the module's table are zeroed.
+ * Returns 1, or 0 for a null table.
+ */
+int32_t ORVELL_CALL GetStdParaFctns(void* table);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* ORVELL_ORVELL_H */

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "memstruct/memory_structure_store.h"
+
+namespace orvell::memstruct {
+
+/// Path of the default definitions: the module's file name with the extension ".XML", upper case.
+[[nodiscard]] std::string DefaultStructFile(std::string_view modulePath);
+
+/// Path of the project's definitions: the project's file name with the extension ".STDMEMXML",
+/// upper case. Empty for an empty project path.
+[[nodiscard]] std::string ProjectStructFile(std::string_view projectPath);
+
+/// What became of an operation on the configuration files.
+enum class ConfigOutcome { Done, PathUnknown, Failed };
+
+/// The five operations that the host's configuration slots ask for. They show nothing; the caller
+/// turns the outcome into a message.
+class ConfigFiles {
+  public:
+    /// Both must outlive the object.
+    ConfigFiles(MemoryStructureStore& store, const XmlAccessBinding& xml)
+        : store_(store), xml_(xml) {}
+
+    /// Loads the project's definitions, or the default ones when the project has none. After
+    /// `Failed`, the XML library's last error tells the reason.
+    [[nodiscard]] ConfigOutcome Load(std::string_view projectPath);
+
+    /// Carries the project's definitions along to the project's present path.
+    [[nodiscard]] ConfigOutcome Save(std::string_view projectPath);
+
+    /// Empties the store.
+    void Close();
+
+    /// Copies the project's definitions into `directory`; a null directory fails.
+    [[nodiscard]] ConfigOutcome Export(std::string_view projectPath, const char* directory);
+
+    /// Adds the definitions of the exported file in `directory` to the project's file and loads it
+    /// anew. Definitions that the project has stay as they are. Nothing for a null directory, an
+    /// unknown path or a missing source file.
+    void Merge(std::string_view projectPath, const char* directory);
+
+  private:
+    MemoryStructureStore& store_;
+    const XmlAccessBinding& xml_;
+};
+
+}  // namespace orvell::memstruct
