@@ -31,4 +31,7 @@ class MessageBoxes {
     virtual void Show(const Message& message) = 0;
 };
 
+/// The message boxes of Windows.
+[[nodiscard]] MessageBoxes& SystemMessageBoxes();
+
 }  // namespace orvell::platform
