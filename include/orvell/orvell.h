@@ -235,6 +235,47 @@ int32_t ORVELL_CALL SetZelkorExportFctns(HostExportTable* table);
  */
 int32_t ORVELL_CALL GetStdParaFctns(void* table);
 
+/*
+ * Fills the host's parameter-management table in the same manner. Returns 1; 0 for a null table,
+ * for one whose first word is 0, and as long as the module does not keep a parameter list.
+ */
+int32_t ORVELL_CALL GetParaMGMTFunc(void* table);
+
+/*
+ * Accessors of the parameter list. An address is a text: a kind's keyword and a number ("PW12"),
+ * for bit kinds byte.bit ("E3.5"). Truth values as everywhere; functions without a result leave
+ * their destination as described or untouched. Null texts empty the name (15 characters at most) or
+ * the comment (30). form: how a value lies in a buffer of length bytes.
+ */
+int32_t ORVELL_CALL STDSIL_GetSignalInfo(const char* address, char* name, char* comment);
+int32_t ORVELL_CALL STDSIL_SetBitParaValue(const char* address, const char* name,
+                                           const char* comment, int32_t value);
+int32_t ORVELL_CALL STDSIL_SetWordParaValue(const char* address, const char* name,
+                                            const char* comment, int32_t value);
+int32_t ORVELL_CALL STDSIL_SetFloatParaValue(const char* address, const char* name,
+                                             const char* comment, double value);
+int32_t ORVELL_CALL STDSIL_SetTextParaValue(const char* address, const char* name,
+                                            const char* comment, const char* value);
+int32_t ORVELL_CALL STDSIL_SetTXParaValue(const char* address, const char* name,
+                                          const char* comment, uint32_t value);
+int32_t ORVELL_CALL STDSIL_GetName(const char* address, char* buffer, uint32_t size);
+int32_t ORVELL_CALL STDSIL_SetName(const char* address, const char* name);
+int32_t ORVELL_CALL STDSIL_GetComment(const char* address, char* buffer, uint32_t size);
+int32_t ORVELL_CALL STDSIL_SetComment(const char* address, const char* comment);
+int32_t ORVELL_CALL STDSIL_GetValue(const char* address, void* buffer, uint32_t length,
+                                    uint32_t form);
+int32_t ORVELL_CALL STDSIL_SetValue(const char* address, void* buffer, uint32_t length,
+                                    uint32_t form);
+void ORVELL_CALL STDSIL_GetBitValue(const char* address, uint16_t* value);
+void ORVELL_CALL STDSIL_GetWordValue(const char* address, uint16_t* value);
+void ORVELL_CALL STDSIL_GetWordVector(const char* address, uint16_t* values, uint32_t unused,
+                                      uint16_t* count);
+void ORVELL_CALL STDSIL_GetFloatValue(const char* address, uint16_t* count, double* values);
+void ORVELL_CALL STDSIL_GetStringValue(void* signal);
+void ORVELL_CALL STDSIL_SetTextValue(void* signal);
+void ORVELL_CALL STDSIL_GetTXValue(void* signal, uint16_t* count);
+void ORVELL_CALL STDSIL_SetTXValue(void* signal, uint16_t* count);
+
 #ifdef __cplusplus
 }
 #endif

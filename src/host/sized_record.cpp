@@ -1,0 +1,56 @@
+#include "host/sized_record.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace orvell::host {
+
+namespace {
+
+constexpr std::uint32_t kWordBytes = sizeof(std::uint32_t);
+
+std::uint32_t SizeWord(const void* record) {
+    std::uint32_t size = 0;
+    std::memcpy(&size, record, kWordBytes);
+    return size;
+}
+
+void RestoreSizeWord(void* record, std::uint32_t size) {
+    std::memcpy(record, &size, kWordBytes);
+}
+
+}  // namespace
+
+void CopySizedTable(const void* source, void* destination, bool clear) {
+    if (destination == nullptr) {
+        return;
+    }
+    const std::uint32_t destinationSize = SizeWord(destination);
+    if (clear) {
+        std::memset(destination, 0, destinationSize);
+    }
+    if (source != nullptr) {
+        std::memcpy(destination, source, std::min(SizeWord(source), destinationSize));
+    }
+    RestoreSizeWord(destination, destinationSize);
+}
+
+void CopySizedTable(void* source, void* destination, bool clear) {
+    CopySizedTable(static_cast<const void*>(source), destination, clear);
+    if (source == nullptr || destination == nullptr) {
+        return;
+    }
+    const std::uint32_t sourceSize = SizeWord(source);
+    std::memset(source, 0, std::min(sourceSize, SizeWord(destination)));
+    RestoreSizeWord(source, sourceSize);
+}
+
+void DropCutWord(void* record, std::uint32_t senderSize, std::uint32_t wholeWordBytes) {
+    const std::uint32_t cut = senderSize % kWordBytes;
+    const std::uint32_t word = senderSize - cut;
+    if (cut != 0 && word >= kWordBytes && word < wholeWordBytes) {
+        std::memset(static_cast<unsigned char*>(record) + word, 0, kWordBytes);
+    }
+}
+
+}  // namespace orvell::host
