@@ -1,11 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <span>
 #include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
+
+#include "resources/format_conversion.h"
 
 namespace orvell::resources {
 
@@ -18,29 +21,24 @@ using FormatArgument = std::variant<std::string_view, std::int32_t, std::uint32_
 /// conversion prints the argument at its place whatever the argument's type, a conversion without
 /// an argument prints nothing, an argument without a conversion is dropped, and whatever is not a
 /// known conversion ("%n", "%*d", a "%" at the end) is printed as it stands. Widths and precisions
-/// are limited to `kMaximumWidth`. Known: flags "-", "0", "+", " ", "#", a width, a precision, the
-/// lengths h, hh, l, ll, I32 and I64, the conversions d i u x X c s and "%%".
+/// are limited to `FormatConversion::kMaximumWidth`. Known: flags "-", "0", "+", " ", "#", a width,
+/// a precision, the lengths h, hh, l, ll, I32 and I64, the conversions d i u x X c s and "%%".
 /// (C11, 7.21.6.1; I32 and I64 as in Microsoft's run-time library.)
+///
+/// Integer arguments have 32 bits whatever the length says, and as with printf it is the conversion
+/// that decides whether they are signed. A text under d, i, u, x, X or c and a number under s are
+/// printed whole, with the width and the flag "-" only.
 class CheckedFormat {
   public:
-    static constexpr std::uint32_t kMaximumWidth = 4096;
-
     explicit CheckedFormat(std::string_view format);
 
-    /// Appends the text with the arguments filled in.
+    /// Appends the text with the arguments filled in. Allocates nothing but room in `out`.
     void AppendTo(std::string& out, std::span<const FormatArgument> arguments) const;
 
   private:
     struct Piece {
         std::string literal;  ///< printed before the conversion
-        char conversion = 0;  ///< d, u, x, X, c or s; 0: none, the end of the text
-        bool leftAligned = false;
-        bool zeroPadded = false;
-        bool plusSign = false;
-        bool blankSign = false;
-        bool alternative = false;
-        std::uint32_t width = 0;
-        std::int32_t precision = -1;  ///< -1: none given
+        FormatConversion conversion;
     };
 
     std::vector<Piece> pieces_;

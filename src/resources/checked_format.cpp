@@ -1,0 +1,193 @@
+#include "resources/checked_format.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <utility>
+
+namespace orvell::resources {
+namespace {
+
+/// Ten characters hold 32 bits in any base from 10 on.
+using DigitBuffer = std::array<char, 10>;
+
+std::string_view ToDigits(DigitBuffer& buffer, std::uint32_t number, int base = 10) {
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, base).ptr;
+    return {buffer.data(), static_cast<std::size_t>(end - buffer.data())};
+}
+
+std::string_view ToDigits(DigitBuffer& buffer, std::uint32_t number, char letter) {
+    const bool isHexadecimal = letter == 'x' || letter == 'X';
+    const std::string_view digits = ToDigits(buffer, number, isHexadecimal ? 16 : 10);
+    if (letter == 'X') {
+        std::transform(digits.begin(), digits.end(), buffer.begin(), [](char digit) {
+            return digit >= 'a' ? static_cast<char>(digit - 'a' + 'A') : digit;
+        });
+    }
+    return digits;
+}
+
+bool IsSigned(char letter) {
+    return letter == 'd' || letter == 'i';
+}
+
+/// Takes the low `bits` of `word`, extended by the sign bit or by zeros to 32.
+std::uint32_t Narrow(std::uint32_t word, unsigned bits, bool isSigned) {
+    const unsigned unused = 32 - bits;
+    word <<= unused;
+    return isSigned ? static_cast<std::uint32_t>(static_cast<std::int32_t>(word) >> unused)
+                    : word >> unused;
+}
+
+std::size_t FillOf(const FormatConversion& conversion, std::size_t size) {
+    return conversion.width > size ? conversion.width - size : 0;
+}
+
+void AppendPadded(std::string& out, const FormatConversion& conversion, std::string_view text) {
+    const std::size_t fill = FillOf(conversion, text.size());
+    out.append(conversion.leftAligned ? 0 : fill, ' ');
+    out.append(text);
+    out.append(conversion.leftAligned ? fill : 0, ' ');
+}
+
+void AppendText(std::string& out, const FormatConversion& conversion, std::string_view text) {
+    if (conversion.letter == 's' && conversion.precision >= 0) {
+        text = text.substr(0, static_cast<std::size_t>(conversion.precision));
+    }
+    AppendPadded(out, conversion, text);
+}
+
+std::string_view PrefixOf(const FormatConversion& conversion, bool isNegative, bool isZero) {
+    if (IsSigned(conversion.letter)) {
+        return isNegative ? "-" : conversion.plusSign ? "+" : conversion.blankSign ? " " : "";
+    }
+    if (conversion.alternative && !isZero && conversion.letter != 'u') {
+        return conversion.letter == 'x' ? "0x" : "0X";
+    }
+    return "";
+}
+
+void AppendInteger(std::string& out, const FormatConversion& conversion, std::uint32_t word) {
+    const bool isSigned = IsSigned(conversion.letter);
+    word = Narrow(word, conversion.bits, isSigned);
+    const bool isNegative = isSigned && static_cast<std::int32_t>(word) < 0;
+    const std::uint32_t magnitude = isNegative ? 0U - word : word;
+
+    DigitBuffer buffer;
+    const std::string_view digits = magnitude == 0 && conversion.precision == 0
+                                        ? std::string_view()
+                                        : ToDigits(buffer, magnitude, conversion.letter);
+    const std::string_view prefix = PrefixOf(conversion, isNegative, magnitude == 0);
+    const std::size_t size = prefix.size() + digits.size();
+    std::size_t zeros = 0;
+    if (conversion.precision >= 0) {
+        const auto precision = static_cast<std::size_t>(conversion.precision);
+        zeros = precision > digits.size() ? precision - digits.size() : 0;
+    } else if (conversion.zeroPadded && !conversion.leftAligned) {
+        zeros = FillOf(conversion, size);
+    }
+    const std::size_t fill = FillOf(conversion, size + zeros);
+
+    out.append(conversion.leftAligned ? 0 : fill, ' ');
+    out.append(prefix).append(zeros, '0').append(digits);
+    out.append(conversion.leftAligned ? fill : 0, ' ');
+}
+
+/// A number where the format has a text: as digits in the number's own signedness.
+void AppendNumberAsText(std::string& out, const FormatConversion& conversion, std::int64_t number) {
+    std::array<char, 11> buffer;
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
+    AppendPadded(out, conversion, {buffer.data(), static_cast<std::size_t>(end - buffer.data())});
+}
+
+template <typename Number>
+void AppendNumber(std::string& out, const FormatConversion& conversion, Number number) {
+    switch (conversion.letter) {
+        case 'c': {
+            const char character = static_cast<char>(number);
+            AppendPadded(out, conversion, {&character, 1});
+            break;
+        }
+        case 's':
+            AppendNumberAsText(out, conversion, number);
+            break;
+        default:
+            AppendInteger(out, conversion, static_cast<std::uint32_t>(number));
+            break;
+    }
+}
+
+/// The usual case in the records of an export. False when the general way is needed.
+bool AppendPlain(std::string& out, const FormatConversion& conversion,
+                 const FormatArgument& argument) {
+    if (!conversion.isPlain) {
+        return false;
+    }
+    if (const auto* text = std::get_if<std::string_view>(&argument)) {
+        out.append(*text);
+        return true;
+    }
+    const auto* number = std::get_if<std::uint32_t>(&argument);
+    if (number == nullptr || conversion.letter != 'u') {
+        return false;
+    }
+    DigitBuffer buffer;
+    out.append(ToDigits(buffer, *number));
+    return true;
+}
+
+void AppendArgument(std::string& out, const FormatConversion& conversion,
+                    const FormatArgument& argument) {
+    if (AppendPlain(out, conversion, argument)) {
+        return;
+    }
+    if (const auto* text = std::get_if<std::string_view>(&argument)) {
+        AppendText(out, conversion, *text);
+    } else if (const auto* number = std::get_if<std::int32_t>(&argument)) {
+        AppendNumber(out, conversion, *number);
+    } else {
+        AppendNumber(out, conversion, *std::get_if<std::uint32_t>(&argument));
+    }
+}
+
+}  // namespace
+
+CheckedFormat::CheckedFormat(std::string_view format) {
+    Piece piece;
+    while (!format.empty()) {
+        const std::size_t percent = std::min(format.find('%'), format.size());
+        piece.literal.append(format.substr(0, percent));
+        format.remove_prefix(percent);
+        if (format.empty()) {
+            break;
+        }
+        if (const std::size_t size = ParseConversion(format, piece.conversion); size > 0) {
+            format.remove_prefix(size);
+            pieces_.push_back(std::exchange(piece, {}));
+            continue;
+        }
+        // "%%" stands for one "%"; of anything unknown the "%" is printed and the rest read on.
+        piece.literal += '%';
+        format.remove_prefix(format.starts_with("%%") ? 2 : 1);
+    }
+    piece.conversion = {};
+    pieces_.push_back(std::move(piece));
+}
+
+void CheckedFormat::AppendTo(std::string& out, std::span<const FormatArgument> arguments) const {
+    auto argument = arguments.begin();
+    for (const Piece& piece : pieces_) {
+        out.append(piece.literal);
+        if (piece.conversion.letter != 0 && argument != arguments.end()) {
+            AppendArgument(out, piece.conversion, *argument++);
+        }
+    }
+}
+
+std::string FormatText(std::string_view format, std::initializer_list<FormatArgument> arguments) {
+    std::string text;
+    CheckedFormat(format).AppendTo(text, {arguments.begin(), arguments.size()});
+    return text;
+}
+
+}  // namespace orvell::resources
