@@ -86,6 +86,9 @@ struct TypeDescription {
     const EnumItemList* enumItems = nullptr;  ///< Enumerated only; null: no items
 };
 
+/// The order of day and month in the type's date texts; `DayFirst` unless the type says otherwise.
+[[nodiscard]] DateFormatCode DateFormatOf(const TypeDescription& type);
+
 /// True for the base types that need no definition of their own: FLOAT, DOUBLE, DURATION, TIME.
 [[nodiscard]] bool IsImplicitType(BaseTypeCode code);
 

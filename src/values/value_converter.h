@@ -6,15 +6,16 @@
 
 #include "orvell/orvell.h"
 #include "values/base_types.h"
+#include "values/value_transfer.h"
 
 namespace orvell::values {
 
 /// Turns the stored bytes of one base type into text and back, and hands values to the host.
 ///
 /// A converter has no state of its own. A buffer is usable when it holds at least the type's width;
-/// every operation that reads or writes one checks this first and returns false otherwise. Texts are
-/// bytes in the ANSI code page; no operation depends on the locale. An operation that produces a
-/// text empties it first.
+/// every operation that reads or writes one checks this first and returns false otherwise. Texts
+/// are bytes in the ANSI code page; no operation depends on the locale. An operation that produces
+/// a text empties it first.
 class ValueConverter {
   public:
     ValueConverter() = default;
@@ -53,7 +54,8 @@ class ValueConverter {
     virtual bool PutToHost(const TypeDescription& type, std::uint32_t first, std::uint32_t second,
                            ConstValueBuffer buffer, const OnlineAccessRecord& host) const;
 
-    /// Fetches the value through the host's getter for its width.
+    /// Fetches the value through the host's getter for its width. False when the host has no such
+    /// getter or it fails; the value is then unchanged.
     virtual bool GetFromHost(const TypeDescription& type, std::uint32_t first, std::uint32_t second,
                              ValueBuffer buffer, const OnlineAccessRecord& host) const;
 
@@ -73,6 +75,10 @@ class ValueConverter {
 
     /// Rewrites `text` into the canonical text of the value that it spells.
     virtual bool Normalize(std::uint32_t param, std::string& text, DisplayFormat format) const = 0;
+
+  protected:
+    /// How the host's functions take this type's values.
+    [[nodiscard]] virtual HostForm GetHostForm(const TypeDescription& type) const = 0;
 };
 
 }  // namespace orvell::values

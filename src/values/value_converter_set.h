@@ -44,6 +44,9 @@ class ValueConverterSet {
                    DisplayFormat format) const;
 
   private:
+    /// As `Find`, but for a code without converter one that fails in everything.
+    [[nodiscard]] const ValueConverter& ConverterOf(BaseTypeCode code) const;
+
     std::array<std::unique_ptr<const ValueConverter>, kConverterCount> converters_;
 };
 

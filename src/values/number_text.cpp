@@ -1,0 +1,112 @@
+#include "values/number_text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "values/characters.h"
+#include "values/double_text.h"
+
+namespace orvell::values {
+namespace {
+
+// Sign, 309 digits of the largest double, point, one decimal.
+constexpr std::size_t kLongestFixedText = 320;
+constexpr std::size_t kLongestInteger = 20;
+
+unsigned HexadecimalDigitValue(char character) {
+    constexpr unsigned kNoDigit = 16;
+    const char upper = ToUpperAscii(character);
+    if (IsDigit(upper)) {
+        return DigitValue(upper);
+    }
+    return upper >= 'A' && upper <= 'F' ? static_cast<unsigned>(upper - 'A') + 10 : kNoDigit;
+}
+
+template <typename Integer>
+void AppendInteger(std::string& text, Integer value, int base) {
+    std::array<char, kLongestInteger> buffer;
+    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, base);
+    text.append(buffer.data(), result.ptr);
+}
+
+}  // namespace
+
+std::uint64_t ReadDecimal64(std::string_view text) {
+    std::size_t position = SkipWhiteSpace(text);
+    const bool isNegative = position < text.size() && text[position] == '-';
+    if (position < text.size() && (text[position] == '-' || text[position] == '+')) {
+        ++position;
+    }
+    std::uint64_t value = 0;
+    for (; position < text.size() && IsDigit(text[position]); ++position) {
+        value = value * 10 + DigitValue(text[position]);
+    }
+    return isNegative ? 0 - value : value;
+}
+
+std::uint32_t ReadDecimal32(std::string_view text) {
+    return static_cast<std::uint32_t>(ReadDecimal64(text));
+}
+
+std::uint64_t ReadHexadecimal(std::string_view text) {
+    std::size_t position = 0;
+    while (position < text.size() && IsBlank(text[position])) {
+        ++position;
+    }
+    if (text.size() - position >= 2 && text[position] == '0' &&
+        ToUpperAscii(text[position + 1]) == 'X') {
+        position += 2;
+    }
+    std::uint64_t value = 0;
+    for (; position < text.size(); ++position) {
+        const unsigned digit = HexadecimalDigitValue(text[position]);
+        if (digit > 15) {
+            break;
+        }
+        value = value << 4 | digit;
+    }
+    return value;
+}
+
+std::uint64_t ReadDecimalOrDouble(std::string_view text) {
+    if (text.find_first_of(",eE") == std::string_view::npos) {
+        return ReadDecimal64(text);
+    }
+    std::string withPoint(text);
+    std::replace(withPoint.begin(), withPoint.end(), ',', '.');
+    std::array<char, kLongestFixedText> buffer;
+    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                                      ReadDouble(withPoint), std::chars_format::fixed, 1);
+    return ReadDecimal64({buffer.data(), static_cast<std::size_t>(result.ptr - buffer.data())});
+}
+
+void AppendSigned(std::string& text, std::int64_t value) {
+    AppendInteger(text, value, 10);
+}
+
+void AppendUnsigned(std::string& text, std::uint64_t value) {
+    AppendInteger(text, value, 10);
+}
+
+void AppendZeroPadded(std::string& text, std::uint32_t value, std::size_t minimumDigits) {
+    const std::size_t start = text.size();
+    AppendUnsigned(text, value);
+    const std::size_t digits = text.size() - start;
+    if (digits < minimumDigits) {
+        text.insert(start, minimumDigits - digits, '0');
+    }
+}
+
+void AppendHexadecimal(std::string& text, std::uint64_t value, std::uint32_t width) {
+    if (width < 1 || width > sizeof value) {
+        return;
+    }
+    const std::size_t start = text.size();
+    AppendInteger(text, value, 16);
+    std::transform(text.begin() + static_cast<std::ptrdiff_t>(start), text.end(),
+                   text.begin() + static_cast<std::ptrdiff_t>(start), ToUpperAscii);
+    text += 'h';
+}
+
+}  // namespace orvell::values
