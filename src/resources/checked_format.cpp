@@ -117,7 +117,14 @@ void AppendNumber(std::string& out, const FormatConversion& conversion, Number n
     }
 }
 
-/// The usual case in the records of an export. False when the general way is needed.
+template <typename Number>
+void AppendDecimal(std::string& out, Number number) {
+    std::array<char, 11> buffer;
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
+    out.append(buffer.data(), end);
+}
+
+/// The usual cases in the records of an export. False when the general way is needed.
 bool AppendPlain(std::string& out, const FormatConversion& conversion,
                  const FormatArgument& argument) {
     if (!conversion.isPlain) {
@@ -127,13 +134,16 @@ bool AppendPlain(std::string& out, const FormatConversion& conversion,
         out.append(*text);
         return true;
     }
-    const auto* number = std::get_if<std::uint32_t>(&argument);
-    if (number == nullptr || conversion.letter != 'u') {
-        return false;
+    if (const auto* number = std::get_if<std::uint32_t>(&argument)) {
+        if (conversion.letter == 'u') {
+            AppendDecimal(out, *number);
+            return true;
+        }
+    } else if (conversion.letter == 'd') {
+        AppendDecimal(out, *std::get_if<std::int32_t>(&argument));
+        return true;
     }
-    DigitBuffer buffer;
-    out.append(ToDigits(buffer, *number));
-    return true;
+    return false;
 }
 
 void AppendArgument(std::string& out, const FormatConversion& conversion,

@@ -9,8 +9,7 @@
 /* A version as text: "1.0.0.0" */
 #define ORVELL_VERSION_TEXT(version) ORVELL_JOIN_VERSION(version)
 #define ORVELL_JOIN_VERSION(major, minor, revision, build) \
-    ORVELL_QUOTE_VERSION(major.minor.revision.build)
-#define ORVELL_QUOTE_VERSION(text) #text
+#major "." #minor "." #revision "." #build
 
 /* A version as GetDLLVersion reports it: 2.1.5.0 is 2.0105. */
 #define ORVELL_VERSION_NUMBER(version) ORVELL_COMPUTE_VERSION(version)

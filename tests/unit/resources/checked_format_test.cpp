@@ -24,10 +24,10 @@ std::string Printed(const char* format, ...) {
 }
 
 /// Every set of the flags in `flags`, each with every width, precision and length given.
-std::vector<std::string> Specifications(const std::string& flags,
-                                        const std::vector<std::string>& precisions,
-                                        const std::vector<std::string>& lengths, char letter) {
-    std::vector<std::string> specifications;
+std::vector<std::string> ConversionTexts(const std::string& flags,
+                                         const std::vector<std::string>& precisions,
+                                         const std::vector<std::string>& lengths, char letter) {
+    std::vector<std::string> texts;
     for (unsigned set = 0; set < 1U << flags.size(); ++set) {
         std::string chosen = "%";
         for (std::size_t i = 0; i < flags.size(); ++i) {
@@ -38,12 +38,12 @@ std::vector<std::string> Specifications(const std::string& flags,
         for (const char* width : {"", "1", "4", "12", "40"}) {
             for (const std::string& precision : precisions) {
                 for (const std::string& length : lengths) {
-                    specifications.push_back(chosen + width + precision + length + letter);
+                    texts.push_back(chosen + width + precision + length + letter);
                 }
             }
         }
     }
-    return specifications;
+    return texts;
 }
 
 const std::vector<std::string> kPrecisions = {"", ".", ".0", ".1", ".5", ".11", ".37"};
@@ -56,7 +56,7 @@ constexpr std::array<std::uint32_t, 17> kWords = {
 TEST(CheckedFormatTest, SignedConversionsPrintAsTheRunTimeDoes) {
     for (const char letter : {'d', 'i'}) {
         for (const std::string& format :
-             Specifications("-0+ ", kPrecisions, kIntegerLengths, letter)) {
+             ConversionTexts("-0+ ", kPrecisions, kIntegerLengths, letter)) {
             for (const std::uint32_t word : kWords) {
                 const auto number = static_cast<std::int32_t>(word);
                 ASSERT_EQ(FormatText(format, {number}), Printed(format.c_str(), number)) << format;
@@ -70,7 +70,7 @@ TEST(CheckedFormatTest, UnsignedConversionsPrintAsTheRunTimeDoes) {
     for (const char letter : {'u', 'x', 'X'}) {
         const std::string flags = letter == 'u' ? "-0" : "-0#";
         for (const std::string& format :
-             Specifications(flags, kPrecisions, kIntegerLengths, letter)) {
+             ConversionTexts(flags, kPrecisions, kIntegerLengths, letter)) {
             for (const std::uint32_t word : kWords) {
                 const auto number = static_cast<std::int32_t>(word);
                 ASSERT_EQ(FormatText(format, {word}), Printed(format.c_str(), word)) << format;
@@ -86,7 +86,7 @@ TEST(CheckedFormatTest, UnsignedConversionsHaveNoSign) {
 }
 
 TEST(CheckedFormatTest, TextsPrintAsTheRunTimeDoes) {
-    for (const std::string& format : Specifications("-", kPrecisions, {""}, 's')) {
+    for (const std::string& format : ConversionTexts("-", kPrecisions, {""}, 's')) {
         for (const char* text : {"", "E", "UCHARPARA",
                                  "\xDC"
                                  "berlauf",
@@ -97,7 +97,7 @@ TEST(CheckedFormatTest, TextsPrintAsTheRunTimeDoes) {
 }
 
 TEST(CheckedFormatTest, CharactersPrintAsTheRunTimeDoes) {
-    for (const std::string& format : Specifications("-", {""}, {""}, 'c')) {
+    for (const std::string& format : ConversionTexts("-", {""}, {""}, 'c')) {
         for (const int character : {0, 65, 0xFC, 0x141, -1}) {
             ASSERT_EQ(FormatText(format, {character}), Printed(format.c_str(), character))
                 << format;
