@@ -2,11 +2,12 @@
 
 #include <cstdint>
 #include <deque>
+#include <map>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
+#include "memstruct/reference_resolution.h"
 #include "memstruct/type_model.h"
 #include "memstruct/xml_access_binding.h"
 #include "resources/string_table.h"
@@ -29,7 +30,10 @@ class MemoryStructureStore {
   public:
     /// All three must outlive the store.
     MemoryStructureStore(const resources::StringTable& strings, const XmlAccessBinding& xml,
-                         const values::ValueConverterSet& converters);
+                         const values::ValueConverterSet& converters)
+        : strings_(strings), xml_(xml), converters_(converters) {}
+    MemoryStructureStore(const MemoryStructureStore&) = delete;
+    MemoryStructureStore& operator=(const MemoryStructureStore&) = delete;
 
     /// Forgets all types and areas; the paths stay.
     void Clear();
@@ -41,7 +45,7 @@ class MemoryStructureStore {
     /// not exist. Without either the store holds the implicit types only. `currentPath` becomes
     /// `path` when that file was read and empty otherwise.
     /// False when a file exists but cannot be read as XML.
-    [[nodiscard]] bool LoadStructFile(const std::string& path);
+    [[nodiscard]] bool LoadStructFile(std::string path);
 
     /// Appends a type, takes over its items; false, and dropped, when its name exists.
     bool AddType(TypeDef&& type);
@@ -59,9 +63,9 @@ class MemoryStructureStore {
     /// The area's type; null for an unknown ID or type.
     [[nodiscard]] const TypeDef* TypeOfArea(std::uint32_t id) const;
 
-    /// Types in list order and areas in ascending order of ID.
+    /// Types in list order and areas by their IDs.
     [[nodiscard]] const std::deque<TypeDef>& Types() const { return types_; }
-    [[nodiscard]] const std::vector<const MemoryArea*>& Areas() const { return areasById_; }
+    [[nodiscard]] const std::map<std::uint32_t, MemoryArea>& Areas() const { return areas_; }
 
     [[nodiscard]] const std::string& GetCurrentPath() const { return currentPath_; }
     void SetCurrentPath(std::string path) { currentPath_ = std::move(path); }
@@ -90,9 +94,10 @@ class MemoryStructureStore {
     bool VectorText(const TypeDef* type, values::ConstValueBuffer buffer, std::uint32_t count,
                     values::DisplayFormat format, bool raw, std::string& text) const;
 
-    /// Paths and export texts of all leaves: "x", "x[2].y", "[0].x". On failure `out` is emptied.
-    bool FlattenValue(const TypeDef* type, std::string_view prefix,
-                      values::ConstValueBuffer buffer, std::vector<NamedText>& out) const;
+    /// Fills `out` with the paths and export texts of all leaves: "x", "x[2].y", "[0].x". On
+    /// failure `out` is emptied.
+    bool FlattenValue(const TypeDef* type, std::string_view prefix, values::ConstValueBuffer buffer,
+                      std::vector<NamedText>& out) const;
     bool FlattenVector(const TypeDef* type, values::ConstValueBuffer buffer, std::uint32_t count,
                        std::vector<NamedText>& out) const;
 
@@ -102,11 +107,9 @@ class MemoryStructureStore {
     const values::ValueConverterSet& converters_;
     std::string defaultPath_;
     std::string currentPath_;
-    std::deque<TypeDef> types_;
-    std::unordered_map<std::string_view, TypeDef*> typesByName_;
-    std::deque<MemoryArea> areas_;
-    std::unordered_map<std::uint32_t, MemoryArea*> areasByIdIndex_;
-    std::vector<const MemoryArea*> areasById_;
+    std::deque<TypeDef> types_;  // grows at both ends and never moves a type
+    TypeIndex typesByName_;
+    std::map<std::uint32_t, MemoryArea> areas_;
 };
 
 }  // namespace orvell::memstruct

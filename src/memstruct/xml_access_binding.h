@@ -19,9 +19,12 @@ class XmlAccessBinding {
   public:
     /// `strings` holds the element and attribute names that are looked up by number.
     explicit XmlAccessBinding(const resources::StringTable& strings) : strings_(strings) {}
+    XmlAccessBinding(const XmlAccessBinding&) = delete;
+    XmlAccessBinding& operator=(const XmlAccessBinding&) = delete;
 
-    /// Loads the library at `path` and resolves its 26 functions, also those never called.
-    /// False, with nothing bound, when the path is empty, the library does not load or lacks one.
+    /// Frees what is bound, loads the library at `path` and resolves its 26 functions, also those
+    /// never called. False, with nothing bound, when the path is empty, the library does not load
+    /// or lacks one.
     [[nodiscard]] bool Bind(platform::LibraryLoader& loader, const std::string& path);
 
     /// Frees the library and clears all functions; nothing when nothing is bound.
@@ -40,7 +43,7 @@ class XmlAccessBinding {
     [[nodiscard]] bool Save(XmlDocumentHandle document, const std::string& path) const;
     void Close(XmlDocumentHandle document) const;
 
-    /// Reason of the last failure, empty when there is none.
+    /// Reason of the library's last failure, empty when there is none.
     [[nodiscard]] std::string LastError() const;
 
     void FreeHandle(XmlNodeHandle node) const;
@@ -61,8 +64,7 @@ class XmlAccessBinding {
     /// Sets `value` to 0 and returns false when the attribute is absent or not an unsigned number.
     bool AttribULong(XmlNodeHandle node, const char* name, std::uint32_t& value) const;
 
-    [[nodiscard]] bool SetAttribText(XmlNodeHandle node, const char* name,
-                                     const char* value) const;
+    [[nodiscard]] bool SetAttribText(XmlNodeHandle node, const char* name, const char* value) const;
 
   private:
     const resources::StringTable& strings_;

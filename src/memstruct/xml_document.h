@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
 #include "memstruct/xml_access_binding.h"
 
@@ -9,8 +10,7 @@ namespace orvell::memstruct {
 
 /// Owns one node handle of the XML access library and gives it back exactly once.
 ///
-/// Walking children: take `FirstChild`, then assign `Next` of the working node to itself; the old
-/// handle is released after its successor has been fetched.
+/// Children are walked by `ForEachChild`, which holds one handle at a time.
 class XmlNode {
   public:
     XmlNode() = default;
@@ -31,6 +31,14 @@ class XmlNode {
     [[nodiscard]] XmlNode ChildByName(resources::StringId name) const;
     [[nodiscard]] XmlNode AddChild(const std::string& name) const;
     [[nodiscard]] XmlNode AddChild(resources::StringId name) const;
+
+    /// Calls `visit` with each child in document order.
+    template <typename Visit>
+    void ForEachChild(Visit&& visit) const;
+
+    /// Calls `visit` with each child of this name.
+    template <typename Visit>
+    void ForEachChild(resources::StringId name, Visit&& visit) const;
 
     /// The element's name, empty when the library fails.
     [[nodiscard]] std::string Name() const;
@@ -80,5 +88,21 @@ class XmlDocument {
     const XmlAccessBinding& xml_;
     XmlDocumentHandle handle_ = 0;
 };
+
+template <typename Visit>
+void XmlNode::ForEachChild(Visit&& visit) const {
+    for (XmlNode child = FirstChild(); child.IsValid(); child = child.Next()) {
+        visit(std::as_const(child));
+    }
+}
+
+template <typename Visit>
+void XmlNode::ForEachChild(resources::StringId name, Visit&& visit) const {
+    ForEachChild([&](const XmlNode& child) {
+        if (child.NameIs(name)) {
+            visit(child);
+        }
+    });
+}
 
 }  // namespace orvell::memstruct
