@@ -1,0 +1,141 @@
+// A host may set a locale with a decimal comma and the x87 unit to single precision. Neither may
+// change a text or a bit of a value.
+#include <clocale>
+#include <locale>
+#include <random>
+
+#include "unit/values/converter_test.h"
+
+namespace orvell::values {
+namespace {
+
+/// Decimal comma and grouped digits for the C++ library, and for the C library where the system
+/// knows such a locale.
+class GermanLocale {
+  public:
+    GermanLocale()
+        : before_(std::locale::global(std::locale(std::locale(), new CommaPunctuation))) {
+        for (const char* name : {"German_Germany.1252", "German", "de_DE.UTF-8", "de_DE"}) {
+            if (std::setlocale(LC_ALL, name) != nullptr) {
+                break;
+            }
+        }
+    }
+    ~GermanLocale() {
+        std::setlocale(LC_ALL, "C");
+        std::locale::global(before_);
+    }
+    GermanLocale(const GermanLocale&) = delete;
+    GermanLocale& operator=(const GermanLocale&) = delete;
+
+  private:
+    class CommaPunctuation : public std::numpunct<char> {
+      protected:
+        char do_decimal_point() const override { return ','; }
+        char do_thousands_sep() const override { return '.'; }
+        std::string do_grouping() const override { return "\3"; }
+    };
+
+    std::locale before_;
+};
+
+/// Sets the precision of the x87 unit to 24 bits.
+class SinglePrecision {
+  public:
+    SinglePrecision() {
+        asm volatile("fnstcw %0" : "=m"(before_));
+        const auto single = static_cast<std::uint16_t>(before_ & ~kPrecisionMask);
+        asm volatile("fldcw %0" : : "m"(single));
+    }
+    ~SinglePrecision() { asm volatile("fldcw %0" : : "m"(before_)); }
+    SinglePrecision(const SinglePrecision&) = delete;
+    SinglePrecision& operator=(const SinglePrecision&) = delete;
+
+  private:
+    static constexpr std::uint16_t kPrecisionMask = 0x0300;
+    std::uint16_t before_ = 0;
+};
+
+class ArithmeticEnvironmentTest : public ConverterTest {
+  protected:
+    /// Everything that the converters make of many texts and bytes, one line each.
+    [[nodiscard]] std::vector<std::string> AllResults() const {
+        std::vector<std::string> results;
+        std::mt19937_64 random(1);
+        for (int round = 0; round < 500; ++round) {
+            const std::string number = std::to_string(random() >> (random() % 64));
+            const std::string fraction = std::to_string(random() % 1000000000);
+            const std::string exponent = std::to_string(static_cast<int>(random() % 60) - 30);
+            for (const std::string& text :
+                 {number + "." + fraction, number + "," + fraction, fraction + "e" + exponent,
+                  number + "," + fraction + "e" + exponent, fraction + "." + number}) {
+                Collect(text, results);
+            }
+            const std::string part = std::to_string(random() % 100);
+            Collect(part + ".7." + std::to_string(1800 + random() % 400) + " " + part +
+                        ":59:" + part + "," + std::to_string(random() % 2000),
+                    results);
+        }
+        return results;
+    }
+
+    /// A number whose text every number conversion of the C library gets wrong with a comma locale.
+    void ExpectKnownResults() const {
+        EXPECT_EQ(Parse({BaseTypeCode::Double}, "1234567.25"), BytesOf(1234567.25));
+        EXPECT_EQ(Show({BaseTypeCode::Double}, BytesOf(1234567.25)), "1234567.25");
+        EXPECT_EQ(Show({BaseTypeCode::Float}, BytesOf(0.5F)), "0.5");
+        EXPECT_EQ(Show({BaseTypeCode::Int, 4}, BytesOf(1234567)), "1234567");
+        EXPECT_EQ(Import({BaseTypeCode::Int, 4}, "1234567,96"), BytesOf(1234568));
+        EXPECT_EQ(Parse({BaseTypeCode::Double}, "0.1"), BytesOf(0.1));
+    }
+
+  private:
+    void Collect(const std::string& text, std::vector<std::string>& results) const {
+        using enum BaseTypeCode;
+        for (const TypeDescription& type :
+             {TypeDescription{Int, 8}, {Float}, {Double}, {Duration}, {DateTime}, {OleDateTime}}) {
+            Bytes bytes(8);
+            std::string shown;
+            std::string exported;
+            converters_.TextToValue(type, bytes, text, DisplayFormat::Default);
+            converters_.ValueToText(type, bytes, shown, DisplayFormat::Default, true);
+            std::string result = text + " -> " + Hexadecimal(bytes) + ' ' + shown;
+            converters_.ImportText(type, text, bytes);
+            converters_.ExportText(type, bytes, exported);
+            results.push_back(result + " -> " + Hexadecimal(bytes) + ' ' + exported);
+        }
+    }
+
+    static std::string Hexadecimal(const Bytes& bytes) {
+        std::string text;
+        for (const std::uint8_t byte : bytes) {
+            text += "0123456789ABCDEF"[byte >> 4];
+            text += "0123456789ABCDEF"[byte & 15];
+        }
+        return text;
+    }
+};
+
+TEST_F(ArithmeticEnvironmentTest, LocaleWithADecimalCommaChangesNothing) {
+    const std::vector<std::string> expected = AllResults();
+    const GermanLocale german;
+#if defined(_WIN32)
+    ASSERT_STREQ(std::localeconv()->decimal_point, ",");
+#endif
+    ExpectKnownResults();
+    EXPECT_EQ(AllResults(), expected);
+}
+
+TEST_F(ArithmeticEnvironmentTest, PrecisionOfTheX87UnitChangesNothing) {
+    const std::vector<std::string> expected = AllResults();
+    std::vector<std::string> results;
+    {
+        const SinglePrecision single;
+        ExpectKnownResults();
+        results = AllResults();
+    }
+    EXPECT_EQ(results, expected);
+}
+
+}  // namespace
+}  // namespace orvell::values
