@@ -130,7 +130,6 @@ TEST_F(LoadingTest, TellsThatTheBuiltInTextsAreUsed) {
         EXPECT_EQ(box.text, kGermanNotice);
         EXPECT_EQ(box.caption, "Orvell");
         EXPECT_EQ(box.owner, nullptr);
-        EXPECT_TRUE(box.topMost);
     }
 }
 

@@ -33,14 +33,18 @@ MessageWatcher::~MessageWatcher() {
     current_ = nullptr;
 }
 
+void MessageWatcher::Keep(HWND window) {
+    boxes_.push_back({WindowText(window), WindowText(GetDlgItem(window, kTextControl)),
+                      GetWindow(window, GW_OWNER)});
+}
+
 LRESULT CALLBACK MessageWatcher::OnHook(int code, WPARAM wParam, LPARAM lParam) {
     const auto window = reinterpret_cast<HWND>(wParam);
     if (code == HCBT_ACTIVATE && IsMessageBox(window)) {
-        const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_EXSTYLE));
-        current_->boxes_.push_back({WindowText(window),
-                                    WindowText(GetDlgItem(window, kTextControl)),
-                                    GetWindow(window, GW_OWNER), (style & WS_EX_TOPMOST) != 0});
         PostMessageW(window, WM_COMMAND, IDOK, 0);
+    }
+    if (code == HCBT_DESTROYWND && IsMessageBox(window)) {
+        current_->Keep(window);
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }

@@ -7,14 +7,14 @@
 
 namespace orvell::test {
 
-/// Answers every message box of this thread with its default button and keeps what it showed.
+/// Answers every message box of this thread with its default button and keeps what it showed. (Wine
+/// does not mark top-most boxes in their style, so that cannot be seen here.)
 class MessageWatcher {
   public:
     struct Box {
         std::string caption;
         std::string text;
         HWND owner;
-        bool topMost;
     };
 
     MessageWatcher();
@@ -25,6 +25,7 @@ class MessageWatcher {
     [[nodiscard]] const std::vector<Box>& Boxes() const { return boxes_; }
 
   private:
+    void Keep(HWND window);
     static LRESULT CALLBACK OnHook(int code, WPARAM window, LPARAM data);
 
     static MessageWatcher* current_;

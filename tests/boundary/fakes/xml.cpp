@@ -147,7 +147,7 @@ uint32_t ORVELL_CALL XMLIF_Create() {
 }
 
 uint32_t ORVELL_CALL XMLIF_Open(const char* path) {
-    std::ifstream file(path);
+    std::ifstream file(path, std::ios::binary);
     std::string first;
     if (!std::getline(file, first) || first == "broken") {
         lastError = "line 1 is broken";
@@ -158,7 +158,7 @@ uint32_t ORVELL_CALL XMLIF_Open(const char* path) {
 }
 
 int32_t ORVELL_CALL XMLIF_Save(uint32_t document, const char* path) {
-    std::ofstream file(path);
+    std::ofstream file(path, std::ios::binary);
     Write(file, *documents.at(document), 0);
     return file.good() ? 1 : 0;
 }
