@@ -1,0 +1,149 @@
+#include "cli/command_line.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <ranges>
+
+namespace workbench::cli {
+namespace {
+
+constexpr std::array kCommands{
+    CommandSyntax{Command::kAreas, "areas", "PROJECT", 1, false},
+    CommandSyntax{Command::kSize, "size", "PROJECT ID", 2, false},
+    CommandSyntax{Command::kText, "text", "PROJECT ID HEX|@FILE", 3, true},
+    CommandSyntax{Command::kLeaves, "leaves", "PROJECT ID HEX|@FILE", 3, true},
+    CommandSyntax{Command::kCheck, "check", "PROJECT ID HEX|@FILE", 3, true},
+    CommandSyntax{Command::kMerge, "merge", "PROJECT DIRECTORY", 2, false},
+    CommandSyntax{Command::kExport, "export", "PROJECT DIRECTORY", 2, false},
+    CommandSyntax{Command::kSave, "save", "PROJECT NEWPROJECT", 2, false},
+};
+
+constexpr std::array<std::string_view, 4> kFormats{"default", "signed", "unsigned", "hex"};
+constexpr std::array<std::string_view, 2> kLanguages{"de", "en"};
+
+template <typename Range>
+std::string Alternatives(const Range& words) {
+    std::string text;
+    for (const auto& word : words) {
+        text += (text.empty() ? "" : ", ") + std::string(word);
+    }
+    return text;
+}
+
+const CommandSyntax* FindCommand(std::string_view word) {
+    const auto found = std::ranges::find(kCommands, word, &CommandSyntax::word);
+    return found == kCommands.end() ? nullptr : &*found;
+}
+
+/// Reads options and arguments word by word.
+class Parser {
+  public:
+    Parser(std::span<const std::string> words, CommandLine& result, std::string& error)
+        : words_(words), result_(result), error_(error) {}
+
+    bool Parse() {
+        while (position_ < words_.size()) {
+            const std::string& word = words_[position_++];
+            if (!(word.starts_with("--") ? TakeOption(word) : TakeArgument(word))) {
+                return false;
+            }
+        }
+        return result_.help || IsComplete();
+    }
+
+  private:
+    bool Fail(std::string error) {
+        error_ = std::move(error);
+        return false;
+    }
+
+    bool TakeArgument(const std::string& word) {
+        if (syntax_ != nullptr) {
+            result_.arguments.push_back(word);
+            return true;
+        }
+        syntax_ = FindCommand(word);
+        if (syntax_ == nullptr) {
+            return Fail("There is no command \"" + word + "\". Commands: " +
+                        Alternatives(kCommands | std::views::transform(&CommandSyntax::word)) +
+                        ".");
+        }
+        result_.command = syntax_->command;
+        return true;
+    }
+
+    bool TakeOption(const std::string& option) {
+        if (option == "--help") {
+            return result_.help = true;
+        }
+        if (option == "--bare" || option == "--quoted") {
+            result_.bare = option == "--bare";
+            return true;
+        }
+        if (option != "--count" && option != "--format" && option != "--language") {
+            return Fail("There is no option " + option + ". See workbench --help.");
+        }
+        if (position_ == words_.size()) {
+            return Fail("The option " + option + " needs a word behind it.");
+        }
+        return TakeOptionValue(option, words_[position_++]);
+    }
+
+    bool TakeOptionValue(const std::string& option, const std::string& value) {
+        if (option == "--count") {
+            const auto count = ParseNumber(value);
+            result_.count = count.value_or(1);
+            return count ||
+                   Fail("--count needs a decimal number of values, not \"" + value + "\".");
+        }
+        if (option == "--format") {
+            const auto found = std::ranges::find(kFormats, value);
+            result_.format = static_cast<std::uint8_t>(found - kFormats.begin());
+            return found != kFormats.end() ||
+                   Fail("--format needs one of: " + Alternatives(kFormats) + ".");
+        }
+        result_.language = value;
+        return std::ranges::find(kLanguages, value) != kLanguages.end() ||
+               Fail("--language needs one of: " + Alternatives(kLanguages) + ".");
+    }
+
+    bool IsComplete() {
+        if (syntax_ == nullptr) {
+            return Fail("A command is missing. See workbench --help.");
+        }
+        const std::size_t given = result_.arguments.size();
+        if (given < syntax_->argumentCount ||
+            (given > syntax_->argumentCount && !syntax_->takesValue)) {
+            return Fail("The command is: workbench " + std::string(syntax_->word) + " " +
+                        std::string(syntax_->arguments));
+        }
+        return true;
+    }
+
+    std::span<const std::string> words_;
+    std::size_t position_ = 0;
+    const CommandSyntax* syntax_ = nullptr;
+    CommandLine& result_;
+    std::string& error_;
+};
+
+}  // namespace
+
+std::span<const CommandSyntax> AllCommands() {
+    return kCommands;
+}
+
+bool ParseCommandLine(std::span<const std::string> words, CommandLine& result, std::string& error) {
+    result = {};
+    return Parser(words, result, error).Parse();
+}
+
+std::optional<std::uint32_t> ParseNumber(std::string_view text) {
+    std::uint32_t number = 0;
+    const char* end = text.data() + text.size();
+    const auto [stop, problem] = std::from_chars(text.data(), end, number);
+    return problem == std::errc{} && stop == end ? std::optional(number) : std::nullopt;
+}
+
+}  // namespace workbench::cli

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace workbench::cli {
+
+enum class Command { kNone, kAreas, kSize, kText, kLeaves, kCheck, kMerge, kExport, kSave };
+
+/// A command's word and the arguments that it must have.
+struct CommandSyntax {
+    Command command;
+    std::string_view word;
+    std::string_view arguments;  ///< as shown in the usage line
+    std::size_t argumentCount;   ///< at least so many; more only for a value of several words
+    bool takesValue;
+};
+
+[[nodiscard]] std::span<const CommandSyntax> AllCommands();
+
+/// The command line, parsed. Texts are in the ANSI code page.
+struct CommandLine {
+    Command command = Command::kNone;  ///< none: help for the whole program was asked for
+    bool help = false;
+    std::vector<std::string> arguments;  ///< the project comes first
+    std::uint32_t count = 1;
+    std::uint8_t format = 0;  ///< as in ParameterRecord
+    bool bare = false;        ///< STRING texts without quotation marks
+    std::optional<std::string> language;
+};
+
+/// Parses the words after the program's name. False, with `error` saying what to do, when they
+/// are no complete command.
+[[nodiscard]] bool ParseCommandLine(std::span<const std::string> words, CommandLine& result,
+                                    std::string& error);
+
+/// A decimal number up to 4294967295.
+[[nodiscard]] std::optional<std::uint32_t> ParseNumber(std::string_view text);
+
+}  // namespace workbench::cli

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "cli/exit_code.h"
+#include "cli/session.h"
+
+namespace workbench::cli {
+
+// One function a command. The session has started; what fails has been reported.
+
+[[nodiscard]] ExitCode ListAreas(Session& session);
+[[nodiscard]] ExitCode PrintSize(Session& session);
+
+[[nodiscard]] ExitCode PrintText(Session& session);
+[[nodiscard]] ExitCode PrintLeaves(Session& session);
+[[nodiscard]] ExitCode CheckValue(Session& session);
+
+[[nodiscard]] ExitCode MergeDefinitions(Session& session);
+[[nodiscard]] ExitCode ExportDefinitions(Session& session);
+[[nodiscard]] ExitCode SaveDefinitions(Session& session);
+
+}  // namespace workbench::cli

@@ -1,0 +1,85 @@
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/command_line.h"
+#include "cli/commands.h"
+#include "cli/output.h"
+#include "cli/session.h"
+#include "cli/usage.h"
+#include "common/code_page.h"
+
+namespace workbench::cli {
+namespace {
+
+/// The command line's words in the ANSI code page, without the program's name. False when one has
+/// a character that the module's texts cannot hold.
+bool ReadWords(std::vector<std::string>& words) {
+    int count = 0;
+    const std::unique_ptr<LPWSTR, decltype(&LocalFree)> wide(
+        CommandLineToArgvW(GetCommandLineW(), &count), &LocalFree);
+    for (int i = 1; i < count; ++i) {
+        const std::wstring_view word = wide.get()[i];
+        if (!FitsAnsi(word)) {
+            return false;
+        }
+        words.push_back(AnsiFromWide(word));
+    }
+    return true;
+}
+
+ExitCode RunCommand(Session& session) {
+    switch (session.Options().command) {
+        case Command::kAreas:
+            return ListAreas(session);
+        case Command::kSize:
+            return PrintSize(session);
+        case Command::kText:
+            return PrintText(session);
+        case Command::kLeaves:
+            return PrintLeaves(session);
+        case Command::kCheck:
+            return CheckValue(session);
+        case Command::kMerge:
+            return MergeDefinitions(session);
+        case Command::kExport:
+            return ExportDefinitions(session);
+        case Command::kSave:
+            return SaveDefinitions(session);
+        case Command::kNone:
+            break;
+    }
+    return ExitCode::kWrongUsage;
+}
+
+ExitCode Run() {
+    std::vector<std::string> words;
+    CommandLine commandLine;
+    std::string error;
+    if (!ReadWords(words)) {
+        PrintError("A word has characters outside the system's code page; use other names.");
+        return ExitCode::kWrongUsage;
+    }
+    if (!ParseCommandLine(words, commandLine, error)) {
+        PrintError(error);
+        return ExitCode::kWrongUsage;
+    }
+    if (commandLine.help) {
+        Print(Usage(commandLine.command));
+        return ExitCode::kDone;
+    }
+    Session session(commandLine);
+    const ExitCode started = session.Start();
+    return started == ExitCode::kDone ? RunCommand(session) : started;
+}
+
+}  // namespace
+}  // namespace workbench::cli
+
+int main() {
+    return static_cast<int>(workbench::cli::Run());
+}

@@ -1,0 +1,84 @@
+#include "cli/usage.h"
+
+#include <string_view>
+
+namespace workbench::cli {
+namespace {
+
+constexpr std::string_view kValueHelp =
+    "HEX is the value as the controller stores it, two digits a byte, blanks between bytes as\n"
+    "you like; @FILE takes the bytes of a file.\n"
+    "  --count N    the value is a vector of N values of the area's type (default 1)\n";
+
+std::string_view Description(Command command) {
+    switch (command) {
+        case Command::kAreas:
+            return "Lists the memory areas of a project: ID, type, bytes of one value.\n";
+        case Command::kSize:
+            return "Prints how many bytes one value of a memory area takes.\n";
+        case Command::kText:
+            return "Prints a value as text.\n"
+                   "  --format default|signed|unsigned|hex    how integers are shown\n"
+                   "  --quoted | --bare    STRING texts with (default) or without quotation "
+                   "marks\n";
+        case Command::kLeaves:
+            return "Prints every element of a value on a line: its path and its text as the list "
+                   "file\nhas it (decimal comma).\n";
+        case Command::kCheck:
+            return "Says whether a value has all bytes that its type needs.\n";
+        case Command::kMerge:
+            return "Adds the types and areas in DIRECTORY's definition file of the same name to "
+                   "the\nproject's own file. What the project has already stays as it is.\n";
+        case Command::kExport:
+            return "Copies the project's definition file into DIRECTORY.\n";
+        case Command::kSave:
+            return "Copies the project's definition file along when the project is saved as "
+                   "NEWPROJECT.\n";
+        case Command::kNone:
+            break;
+    }
+    return {};
+}
+
+std::string CommandUsage(const CommandSyntax& syntax) {
+    std::string text =
+        "workbench " + std::string(syntax.word) + " " + std::string(syntax.arguments) + "\n\n";
+    text += Description(syntax.command);
+    if (syntax.takesValue) {
+        text += kValueHelp;
+    }
+    return text;
+}
+
+std::string ProgramUsage() {
+    std::string text =
+        "workbench - drives Orvell from the command line, as a host would\n\n"
+        "Commands (workbench COMMAND --help tells more):\n";
+    for (const CommandSyntax& syntax : AllCommands()) {
+        text += "  " + std::string(syntax.word) + " " + std::string(syntax.arguments) + "\n";
+    }
+    text +=
+        "\nPROJECT is the project's file; its memory areas are defined in the file beside it with\n"
+        "the extension STDMEMXML or, without one, in ORVELL.XML beside the module.\n\n"
+        "Options for all commands:\n"
+        "  --language de|en    language of the module (default: ZELKOR_LANGUAGE, else de)\n"
+        "  --help\n\n"
+        "Messages of the module are not shown as boxes but printed on the standard error.\n"
+        "Output to a file or pipe is UTF-8 with line feeds.\n\n"
+        "Exit codes: 0 done; 1 the module refused or showed a message; 2 wrong command line,\n"
+        "value or file name; 3 the module, its libraries or the display are missing.\n";
+    return text;
+}
+
+}  // namespace
+
+std::string Usage(Command command) {
+    for (const CommandSyntax& syntax : AllCommands()) {
+        if (syntax.command == command) {
+            return CommandUsage(syntax);
+        }
+    }
+    return ProgramUsage();
+}
+
+}  // namespace workbench::cli
