@@ -1,13 +1,15 @@
 #!/usr/bin/env python3
 """Writes the plant's values as its controller stores them: packed, little-endian, texts in CP1252.
 
-Run it after a change of a value or a type; the .bin files lie beside it and are committed.
+Run it after a change of a value or a type; the .bin files lie beside it and are committed. With
+--check it writes nothing and fails when a file is not what is described here.
 """
 
 import calendar
 import datetime
 import pathlib
 import struct
+import sys
 
 FOLDER = pathlib.Path(__file__).parent
 
@@ -119,7 +121,18 @@ VALUES = {
     "trend": pack("5h", -1, 0, 300, -32768, 32767),
 }
 
-if __name__ == "__main__":
+
+def check():
+    for name, data in VALUES.items():
+        if (FOLDER / f"{name}.bin").read_bytes() != data:
+            sys.exit(f"{name}.bin is out of date; run {pathlib.Path(__file__).name}")
+
+
+def write():
     for name, data in VALUES.items():
         (FOLDER / f"{name}.bin").write_bytes(data)
         print(f"{name}.bin: {len(data)} bytes")
+
+
+if __name__ == "__main__":
+    check() if sys.argv[1:] == ["--check"] else write()
