@@ -26,6 +26,7 @@ if(WIN32)
         UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601 WINVER=0x0601)
     # Nothing but system DLLs is needed beside our files: the run-time is linked statically.
     add_link_options(-static -static-libgcc -static-libstdc++)
+    add_link_options($<$<CONFIG:Release>:-s>)
     # ASLR and DEP for every image that we build.
     add_link_options(-Wl,--dynamicbase -Wl,--nxcompat -Wl,--enable-reloc-section)
 endif()
