@@ -42,6 +42,7 @@ class TypeResolution {
     void Continue();
     void CompleteSimple(TypeDef& type) const;
     static void CompleteStructured(TypeDef& type);
+    static const TypeDef* WrappedBy(const TypeDef& type);
 
     const values::ValueConverterSet& converters_;
     std::unordered_map<const TypeDef*, Visit> visits_;
@@ -121,6 +122,15 @@ void TypeResolution::CompleteStructured(TypeDef& type) {
         type.signedness = kNoSignedness;
         type.itemsWithValues.clear();
     }
+    type.wrapped = WrappedBy(type);
+}
+
+const TypeDef* TypeResolution::WrappedBy(const TypeDef& type) {
+    if (type.itemsWithValues.size() != 1 || type.itemsWithValues.front()->dimension != 1) {
+        return nullptr;
+    }
+    const TypeDef* inner = type.itemsWithValues.front()->type;
+    return inner->wrapped == nullptr ? inner : inner->wrapped;
 }
 
 }  // namespace

@@ -13,7 +13,8 @@ namespace orvell::memstruct {
 using TypeIndex = std::unordered_map<std::string_view, TypeDef*>;
 
 /// Binds every element to its type, null when the index has no type of that name, and derives what
-/// `TypeDef` says of the whole set: `recursive`, `storedSize`, `signedness`, `itemsWithValues`.
+/// `TypeDef` says of the whole set: `recursive`, `storedSize`, `signedness`, `itemsWithValues`,
+/// `wrapped`.
 ///
 /// Takes time linear in the number of types and elements, whatever graph they form, and no stack
 /// that grows with its depth.

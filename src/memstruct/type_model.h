@@ -33,6 +33,9 @@ struct TypeDef {
     std::int32_t signedness = -1;  ///< see MemoryStructureStore::SignednessClass
     /// The elements that hold values, in file order; none when recursive.
     std::vector<const StructItem*> itemsWithValues;
+    /// For a structure that is nothing but one value of another type, however deep inside: that
+    /// type; null for all others. Spares walks the levels between.
+    const TypeDef* wrapped = nullptr;
 
     /// The part of the definition that the value converters read; refers into this object.
     [[nodiscard]] values::TypeDescription Description() const {

@@ -86,9 +86,14 @@ void ValueWalk::EnterElement() {
     Enter(type_);
 }
 
-/// Goes to the first leaf of a value of this type.
+/// Goes to the first leaf of a value of this type. Without the levels that only wrap, each level
+/// has at least two leaves, so that a walk is linear in its leaves; paths have to name every level.
 void ValueWalk::Enter(const TypeDef* type) {
     while (type->IsStructured()) {
+        if (!tracksPaths_ && type->wrapped != nullptr) {
+            type = type->wrapped;
+            continue;
+        }
         levels_.push_back({type, 0, 0, path_.size()});
         AppendItem(levels_.back());
         type = type->itemsWithValues.front()->type;

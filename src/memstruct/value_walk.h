@@ -23,8 +23,9 @@ namespace orvell::memstruct {
 ///     return walk.IsComplete();
 ///
 /// Elements come in file order, each as often as its dimension says; elements of unknown type are
-/// passed over. A walk costs its leaves and the depth at which they lie; it ends when the buffer
-/// does, whatever dimensions a definition claims. The type must be resolved and stay unchanged.
+/// passed over. A walk costs its leaves, and what their paths cost if these are tracked; it ends
+/// when the buffer does, whatever dimensions a definition claims. The type must be resolved and
+/// stay unchanged.
 class ValueWalk {
   public:
     /// Over one value of `type` in a buffer of `byteCount` bytes. A null or recursive type has no

@@ -152,6 +152,7 @@ TEST_F(ConfigFilesTest, ExportingOntoItselfKeepsTheFile) {
 class MergeTest : public ConfigFilesTest {};
 
 TEST_F(MergeTest, AddsDefinitionsAndLoadsTheResult) {
+    WriteFile("DEFAULT.XML", OneType("Default", "3"));
     WriteFile(kProjectFile, OneType("Own", "1"));
     WriteFile(kSourceFile, OneType("Other", "2"));
     files.Merge(kProject, "out");
@@ -234,6 +235,34 @@ TEST_F(MergeTest, DoesNothingWithoutDirectoryPathOrSource) {
     EXPECT_EQ(OwnTypes(), "Own ");
     EXPECT_EQ(store.GetCurrentPath(), kProjectFile);
     EXPECT_EQ(FileText(kProjectFile), OneType("Changed", "1"));
+}
+
+/// Looks into a store while the library saves.
+struct Onlooker {
+    static std::int32_t ORVELL_CALL Save(XmlDocumentHandle, const char*) {
+        typesSeen = store->Types().size();
+        pathSeen = store->GetCurrentPath();
+        return 0;
+    }
+    static inline const memstruct::MemoryStructureStore* store;
+    static inline std::size_t typesSeen;
+    static inline std::string pathSeen;
+};
+
+TEST_F(MergeTest, EmptiesTheStoreFirst) {
+    WriteFile(kProjectFile, OneType("Own", "1"));
+    WriteFile(kSourceFile, OneType("Other", "2"));
+    ASSERT_EQ(files.Load(kProject), ConfigOutcome::Done);
+    Onlooker::store = &store;
+    Onlooker::typesSeen = 1;
+    Onlooker::pathSeen = "none";
+    loader.libraries["XML.DLL"]["XMLIF_Save"] = Address(&Onlooker::Save);
+    ASSERT_TRUE(xml.Bind(loader, "XML.DLL"));
+    files.Merge(kProject, "out");
+    EXPECT_EQ(Onlooker::typesSeen, 0U);
+    EXPECT_EQ(Onlooker::pathSeen, "");
+    EXPECT_EQ(OwnTypes(), "Own ");
+    EXPECT_EQ(store.GetCurrentPath(), kProjectFile);
 }
 
 TEST_F(MergeTest, LoadsEvenWhenTheResultCannotBeSaved) {

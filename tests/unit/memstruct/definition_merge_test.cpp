@@ -84,10 +84,10 @@ TEST_F(DefinitionMergeTest, TakesTheFirstOfDuplicatesInTheSource) {
 }
 
 TEST_F(DefinitionMergeTest, ComparesNamesAsTheyAreWritten) {
-    EXPECT_EQ(Merged("<D><TypeList><Type Name='A '/><Type Name='a'/><Type Name=''/><Type/>"
+    EXPECT_EQ(Merged("<D><TypeList><Type Name='A '/><Type/><Type Name='a'/><Type Name=''/>"
                      "<Type Name=''/></TypeList></D>",
-                     "<D><TypeList><Type Name='A'/></TypeList></D>"),
-              Rewritten("<D><TypeList><Type Name='A'/><Type Name='A '/><Type Name='a'/>"
+                     "<D><TypeList><Type Name='A'/><Type/></TypeList></D>"),
+              Rewritten("<D><TypeList><Type Name='A'/><Type/><Type Name='A '/><Type Name='a'/>"
                         "<Type Name=''/></TypeList></D>"));
 }
 

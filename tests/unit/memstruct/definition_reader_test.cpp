@@ -253,6 +253,14 @@ TEST_F(DefinitionReaderTest, TakesTheVocabularyFromTheStringTable) {
     EXPECT_EQ(Type("D")->dateFormat, DateFormatCode::MonthFirst);
 }
 
+TEST_F(DefinitionReaderTest, TheFirstOfEqualTextsCounts) {
+    changedStrings.changes = {{701, "INT"}, {751, "DD.MM.YYYY"}};
+    DefineLists(R"(<Type Name="a" BaseType="INT"/>
+        <Type Name="b" BaseType="DATE" Format="DD.MM.YYYY"/>)");
+    EXPECT_EQ(Type("a")->baseType, BaseTypeCode::Int);
+    EXPECT_EQ(Type("b")->dateFormat, DateFormatCode::DayFirst);
+}
+
 TEST_F(DefinitionReaderTest, VocabularyEndsAtTheFirstMissingText) {
     changedStrings.changes = {{705, ""}, {750, ""}};
     DefineLists(R"(<Type Name="a" BaseType="INT"/><Type Name="b" BaseType="TIME"/>

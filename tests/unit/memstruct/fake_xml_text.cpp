@@ -32,8 +32,10 @@ std::string Escaped(std::string_view text) {
 
 std::string Unescaped(std::string_view text) {
     std::string plain;
-    while (!text.empty()) {
-        char character = text.front();
+    for (std::size_t next = text.find('&'); next != std::string_view::npos; next = text.find('&')) {
+        plain += text.substr(0, next);
+        text.remove_prefix(next);
+        char character = '&';
         std::size_t length = 1;
         for (const Entity& entity : kEntities) {
             if (text.starts_with(entity.escaped)) {
@@ -44,7 +46,7 @@ std::string Unescaped(std::string_view text) {
         plain += character;
         text.remove_prefix(length);
     }
-    return plain;
+    return plain.append(text);
 }
 
 /// Reads elements, attributes, texts and comments; declarations are skipped.

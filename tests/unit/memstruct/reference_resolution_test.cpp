@@ -245,6 +245,22 @@ TEST_F(ReferenceResolutionTest, TellsTheSignednessOfIntegers) {
     EXPECT_EQ(MemoryStructureStore::SignednessClass(nullptr), -1);
 }
 
+TEST_F(ReferenceResolutionTest, DerivesEverythingItself) {
+    TypeDef type;
+    type.name = "A";
+    type.baseType = BaseTypeCode::Structured;
+    type.structItems = {Item("W")};
+    type.recursive = true;
+    type.storedSize = 99;
+    type.signedness = 2;
+    store.AddType(std::move(type));
+    AddSimple("W", BaseTypeCode::Int);
+    store.ResolveReferences();
+    EXPECT_EQ(Recursive(), "");
+    EXPECT_EQ(Size("A"), 2U);
+    EXPECT_EQ(Signedness("A"), 1);
+}
+
 TEST_F(ReferenceResolutionTest, ResolvesAnewAfterTypesWereAdded) {
     AddStructure("A", {Item("B"), Item("W")});
     AddSimple("W", BaseTypeCode::Int);

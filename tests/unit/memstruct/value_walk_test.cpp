@@ -73,6 +73,26 @@ class ValueWalkTest : public MemstructTest {
         return Leaves(std::move(walk), byteCount);
     }
 
+    void AddStructure(const std::string& name, std::vector<memstruct::StructItem> items) {
+        TypeDef type;
+        type.name = name;
+        type.baseType = values::BaseTypeCode::Structured;
+        type.structItems = std::move(items);
+        ASSERT_TRUE(store.AddType(std::move(type)));
+    }
+
+    /// T0 around T1 around T2 and so on, around a byte.
+    void AddChain() {
+        for (std::uint32_t i = 0; i < kChainLength; ++i) {
+            const bool isLast = i + 1 == kChainLength;
+            AddStructure("T" + std::to_string(i),
+                         {{"a", isLast ? "Byte" : "T" + std::to_string(i + 1), nullptr, 1},
+                          {"e", "Empty", nullptr, 1}});
+        }
+        store.ResolveReferences();
+    }
+
+    static constexpr std::uint32_t kChainLength = 100'000;
     bool isComplete = false;
 };
 
@@ -210,24 +230,47 @@ TEST_F(ValueWalkTest, WalksADiamondAsFarAsTheBufferGoes) {
 }
 
 TEST_F(ValueWalkTest, WalksAChainOfAHundredThousandTypes) {
-    constexpr int kLength = 100'000;
-    store.Clear();
-    for (int i = 0; i <= kLength; ++i) {
-        TypeDef type;
-        type.name = "T" + std::to_string(i);
-        if (i < kLength) {
-            type.baseType = values::BaseTypeCode::Structured;
-            type.structItems = {{"a", "T" + std::to_string(i + 1), nullptr, 1}};
-        } else {
-            type.baseType = values::BaseTypeCode::Double;
-        }
-        store.AddType(std::move(type));
-    }
-    store.ResolveReferences();
-    const SeenList leaves = TrackedLeaves(ValueWalk::OverVector(Type("T0"), 2, 16), "", 16);
+    AddChain();
+    const SeenList leaves = TrackedLeaves(ValueWalk::OverVector(Type("T0"), 2, 2), "", 2);
     EXPECT_TRUE(isComplete);
     ASSERT_EQ(leaves.size(), 2U);
-    EXPECT_EQ(leaves[1].path.size(), 3U + 2 * kLength);
+    EXPECT_EQ(leaves[1].path.size(), 3U + 2 * kChainLength);
+}
+
+TEST_F(ValueWalkTest, DepthCostsNothingWithoutPaths) {
+    AddChain();
+    AddStructure("Pair", {{"a", "T0", nullptr, 1}, {"b", "T0", nullptr, 2}});
+    store.ResolveReferences();
+    // Through all levels these would be 3 * 10^10 steps.
+    constexpr std::uint32_t kCount = 100'000;
+    std::uint32_t leaves = 0;
+    ValueWalk walk = ValueWalk::OverVector(Type("Pair"), kCount, 3 * kCount);
+    while (walk.ToNextLeaf()) {
+        ASSERT_EQ(walk.ElementIndex(), leaves / 3);
+        ASSERT_EQ(walk.ByteOffset(), leaves % 3);
+        ++leaves;
+    }
+    EXPECT_TRUE(walk.IsComplete());
+    EXPECT_EQ(leaves, 3 * kCount);
+}
+
+TEST_F(ValueWalkTest, AStructureWrapsASingleValueOnly) {
+    DefineLists(R"(<Type Name="Byte" BaseType="UINT" Size="1"/>
+        <Type Name="One" BaseType="Structured"><Item Name="l" Type="unknown"/>
+          <Item Name="a" Type="Byte"/></Type>
+        <Type Name="Outer" BaseType="Structured"><Item Name="a" Type="One"/></Type>
+        <Type Name="Array" BaseType="Structured"><Item Name="a" Type="Byte" Dimension="2"/></Type>
+        <Type Name="Two" BaseType="Structured"><Item Name="a" Type="Outer"/>
+          <Item Name="b" Type="Outer"/></Type>
+        <Type Name="None" BaseType="Structured"/>)");
+    EXPECT_EQ(Type("One")->wrapped, Type("Byte"));
+    EXPECT_EQ(Type("Outer")->wrapped, Type("Byte"));
+    for (const char* name : {"Byte", "Array", "Two", "None", "FLOAT"}) {
+        EXPECT_EQ(Type(name)->wrapped, nullptr) << name;
+    }
+    EXPECT_EQ(LeavesOfValue("Two", 2), (SeenList{{"Byte", 0, 0, 2, ""}, {"Byte", 0, 1, 1, ""}}));
+    EXPECT_EQ(TrackedLeaves(ValueWalk::OverValue(Type("Two"), 2), "", 2),
+              (SeenList{{"Byte", 0, 0, 2, "a.a.a"}, {"Byte", 0, 1, 1, "b.a.a"}}));
 }
 
 TEST_F(ValueWalkTest, GivesWritableBytesOfAWritableBuffer) {
