@@ -18,9 +18,9 @@ ExitCode ListAreas(Session& session) {
     std::string error;
     if (!ReadDefinitions(session.DefinitionPath(), definitions, error)) {
         PrintError("The definitions " + session.DefinitionPath() + " cannot be listed: " + error);
-        return ExitCode::kRefused;
+        return ExitCode::Refused;
     }
-    Table table({Align::kRight, Align::kLeft, Align::kRight, Align::kLeft});
+    Table table({Align::Right, Align::Left, Align::Right, Align::Left});
     table.Add({"ID", "Type", "Bytes", ""});
     for (const Area& area : definitions.areas) {
         const std::uint32_t size = session.Module().AreaSize(area.id);
@@ -28,20 +28,20 @@ ExitCode ListAreas(Session& session) {
                    size == 0 ? kNoValue : ""});
     }
     Print(table.Text());
-    return ExitCode::kDone;
+    return ExitCode::Done;
 }
 
 ExitCode PrintSize(Session& session) {
     std::uint32_t area = 0;
     if (!session.ReadAreaId(area)) {
-        return ExitCode::kWrongUsage;
+        return ExitCode::WrongUsage;
     }
     const std::uint32_t size = session.Module().AreaSize(area);
     if (size == 0) {
         return Session::RefuseArea(area);
     }
     Print(std::to_string(size) + "\n");
-    return ExitCode::kDone;
+    return ExitCode::Done;
 }
 
 }  // namespace workbench::cli

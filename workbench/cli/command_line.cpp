@@ -9,14 +9,14 @@ namespace workbench::cli {
 namespace {
 
 constexpr std::array kCommands{
-    CommandSyntax{Command::kAreas, "areas", "PROJECT", 1, false},
-    CommandSyntax{Command::kSize, "size", "PROJECT ID", 2, false},
-    CommandSyntax{Command::kText, "text", "PROJECT ID HEX|@FILE", 3, true},
-    CommandSyntax{Command::kLeaves, "leaves", "PROJECT ID HEX|@FILE", 3, true},
-    CommandSyntax{Command::kCheck, "check", "PROJECT ID HEX|@FILE", 3, true},
-    CommandSyntax{Command::kMerge, "merge", "PROJECT DIRECTORY", 2, false},
-    CommandSyntax{Command::kExport, "export", "PROJECT DIRECTORY", 2, false},
-    CommandSyntax{Command::kSave, "save", "PROJECT NEWPROJECT", 2, false},
+    CommandSyntax{Command::Areas, "areas", "PROJECT", 1, false},
+    CommandSyntax{Command::Size, "size", "PROJECT ID", 2, false},
+    CommandSyntax{Command::Text, "text", "PROJECT ID HEX|@FILE", 3, true},
+    CommandSyntax{Command::Leaves, "leaves", "PROJECT ID HEX|@FILE", 3, true},
+    CommandSyntax{Command::Check, "check", "PROJECT ID HEX|@FILE", 3, true},
+    CommandSyntax{Command::Merge, "merge", "PROJECT DIRECTORY", 2, false},
+    CommandSyntax{Command::Export, "export", "PROJECT DIRECTORY", 2, false},
+    CommandSyntax{Command::Save, "save", "PROJECT NEWPROJECT", 2, false},
 };
 
 constexpr std::array<std::string_view, 4> kFormats{"default", "signed", "unsigned", "hex"};

@@ -9,7 +9,7 @@
 
 namespace workbench::cli {
 
-enum class Command { kNone, kAreas, kSize, kText, kLeaves, kCheck, kMerge, kExport, kSave };
+enum class Command { None, Areas, Size, Text, Leaves, Check, Merge, Export, Save };
 
 /// A command's word and the arguments that it must have.
 struct CommandSyntax {
@@ -24,7 +24,7 @@ struct CommandSyntax {
 
 /// The command line, parsed. Texts are in the ANSI code page.
 struct CommandLine {
-    Command command = Command::kNone;  ///< none: help for the whole program was asked for
+    Command command = Command::None;  ///< none: help for the whole program was asked for
     bool help = false;
     std::vector<std::string> arguments;  ///< the project comes first
     std::uint32_t count = 1;

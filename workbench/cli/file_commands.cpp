@@ -35,48 +35,48 @@ ExitCode MergeDefinitions(Session& session) {
     if (!FileExists(source)) {
         PrintError("There is no " + FileName(own) + " in " + directory +
                    ". Give a directory that an export has filled.");
-        return ExitCode::kWrongUsage;
+        return ExitCode::WrongUsage;
     }
     const std::string before = Counts(own);
     session.Module().MergeConfiguration(session.Project(), FullPath(directory));
     if (session.Messages().Report()) {
-        return ExitCode::kRefused;
+        return ExitCode::Refused;
     }
     // The module keeps silent about a file that it cannot read.
     Definitions merged;
     std::string error;
     if (!ReadDefinitions(source, merged, error)) {
         PrintError("Nothing was merged, the file cannot be read: " + error);
-        return ExitCode::kRefused;
+        return ExitCode::Refused;
     }
     Print(FileName(own) + ": " + before + " before, " + Counts(own) + " now\n");
-    return ExitCode::kDone;
+    return ExitCode::Done;
 }
 
 ExitCode ExportDefinitions(Session& session) {
     if (!HasOwnDefinitions(session)) {
-        return ExitCode::kRefused;
+        return ExitCode::Refused;
     }
     const std::string& directory = session.Options().arguments[1];
     session.Module().ExportConfiguration(session.Project(), FullPath(directory));
     if (session.Messages().Report()) {
-        return ExitCode::kRefused;
+        return ExitCode::Refused;
     }
     Print(FileName(DefinitionPathOf(session.Project())) + " is now in " + directory + "\n");
-    return ExitCode::kDone;
+    return ExitCode::Done;
 }
 
 ExitCode SaveDefinitions(Session& session) {
     if (!HasOwnDefinitions(session)) {
-        return ExitCode::kRefused;
+        return ExitCode::Refused;
     }
     const std::string& newProject = session.Options().arguments[1];
     session.Module().SaveConfiguration(FullPath(newProject));
     if (session.Messages().Report()) {
-        return ExitCode::kRefused;
+        return ExitCode::Refused;
     }
     Print("The definitions go with " + newProject + "\n");
-    return ExitCode::kDone;
+    return ExitCode::Done;
 }
 
 }  // namespace workbench::cli

@@ -34,26 +34,26 @@ bool ReadWords(std::vector<std::string>& words) {
 
 ExitCode RunCommand(Session& session) {
     switch (session.Options().command) {
-        case Command::kAreas:
+        case Command::Areas:
             return ListAreas(session);
-        case Command::kSize:
+        case Command::Size:
             return PrintSize(session);
-        case Command::kText:
+        case Command::Text:
             return PrintText(session);
-        case Command::kLeaves:
+        case Command::Leaves:
             return PrintLeaves(session);
-        case Command::kCheck:
+        case Command::Check:
             return CheckValue(session);
-        case Command::kMerge:
+        case Command::Merge:
             return MergeDefinitions(session);
-        case Command::kExport:
+        case Command::Export:
             return ExportDefinitions(session);
-        case Command::kSave:
+        case Command::Save:
             return SaveDefinitions(session);
-        case Command::kNone:
+        case Command::None:
             break;
     }
-    return ExitCode::kWrongUsage;
+    return ExitCode::WrongUsage;
 }
 
 ExitCode Run() {
@@ -62,19 +62,19 @@ ExitCode Run() {
     std::string error;
     if (!ReadWords(words)) {
         PrintError("A word has characters outside the system's code page; use other names.");
-        return ExitCode::kWrongUsage;
+        return ExitCode::WrongUsage;
     }
     if (!ParseCommandLine(words, commandLine, error)) {
         PrintError(error);
-        return ExitCode::kWrongUsage;
+        return ExitCode::WrongUsage;
     }
     if (commandLine.help) {
         Print(Usage(commandLine.command));
-        return ExitCode::kDone;
+        return ExitCode::Done;
     }
     Session session(commandLine);
     const ExitCode started = session.Start();
-    return started == ExitCode::kDone ? RunCommand(session) : started;
+    return started == ExitCode::Done ? RunCommand(session) : started;
 }
 
 }  // namespace

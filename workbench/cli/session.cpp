@@ -37,23 +37,23 @@ ExitCode Session::Start() {
     if (!FileExists(project_)) {
         PrintError("There is no project file " + commandLine_.arguments.front() +
                    ". Give the path of an existing one.");
-        return ExitCode::kWrongUsage;
+        return ExitCode::WrongUsage;
     }
     if (!ModuleMessages::CanShowWindows()) {
         PrintError(
             "This session cannot show windows, so messages of the module would be lost. Start "
             "workbench under a display (with Wine: xvfb-run -a).");
-        return ExitCode::kNotLoaded;
+        return ExitCode::NotLoaded;
     }
     std::string error;
     const bool loaded = module_.Load(error);
     messages_.Report();  // such as a missing language: the module goes on without it
     if (!loaded) {
         PrintError(error);
-        return ExitCode::kNotLoaded;
+        return ExitCode::NotLoaded;
     }
     module_.LoadConfiguration(project_);
-    return messages_.Report() ? ExitCode::kRefused : ExitCode::kDone;
+    return messages_.Report() ? ExitCode::Refused : ExitCode::Done;
 }
 
 std::string Session::DefinitionPath() const {
@@ -65,7 +65,7 @@ ExitCode Session::RefuseArea(std::uint32_t id) {
     PrintError(
         "Memory area " + std::to_string(id) +
         " is not defined or its type has no value. workbench areas PROJECT lists the areas.");
-    return ExitCode::kRefused;
+    return ExitCode::Refused;
 }
 
 bool Session::ReadAreaId(std::uint32_t& id) const {

@@ -16,7 +16,7 @@ std::string Table::Text() const {
         for (std::size_t i = 0; i < line.size(); ++i) {
             const std::string space(widths[i] - line[i].size(), ' ');
             text += (i == 0 ? "" : "  ");
-            text += columns_[i] == Align::kRight ? space + line[i] : line[i] + space;
+            text += columns_[i] == Align::Right ? space + line[i] : line[i] + space;
         }
         text.erase(text.find_last_not_of(' ') + 1);
         text += '\n';

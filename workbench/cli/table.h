@@ -6,7 +6,7 @@
 
 namespace workbench::cli {
 
-enum class Align { kLeft, kRight };
+enum class Align { Left, Right };
 
 /// Lines of cells in aligned columns, two blanks apart.
 class Table {

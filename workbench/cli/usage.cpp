@@ -12,29 +12,29 @@ constexpr std::string_view kValueHelp =
 
 std::string_view Description(Command command) {
     switch (command) {
-        case Command::kAreas:
+        case Command::Areas:
             return "Lists the memory areas of a project: ID, type, bytes of one value.\n";
-        case Command::kSize:
+        case Command::Size:
             return "Prints how many bytes one value of a memory area takes.\n";
-        case Command::kText:
+        case Command::Text:
             return "Prints a value as text.\n"
                    "  --format default|signed|unsigned|hex    how integers are shown\n"
                    "  --quoted | --bare    STRING texts with (default) or without quotation "
                    "marks\n";
-        case Command::kLeaves:
+        case Command::Leaves:
             return "Prints every element of a value on a line: its path and its text as the list "
                    "file\nhas it (decimal comma).\n";
-        case Command::kCheck:
+        case Command::Check:
             return "Says whether a value has all bytes that its type needs.\n";
-        case Command::kMerge:
+        case Command::Merge:
             return "Adds the types and areas in DIRECTORY's definition file of the same name to "
                    "the\nproject's own file. What the project has already stays as it is.\n";
-        case Command::kExport:
+        case Command::Export:
             return "Copies the project's definition file into DIRECTORY.\n";
-        case Command::kSave:
+        case Command::Save:
             return "Copies the project's definition file along when the project is saved as "
                    "NEWPROJECT.\n";
-        case Command::kNone:
+        case Command::None:
             break;
     }
     return {};

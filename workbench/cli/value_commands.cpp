@@ -41,7 +41,7 @@ ExitCode Refused(const HostModule& module, const Value& value) {
     } else {
         PrintError("The module refused the value.");
     }
-    return ExitCode::kRefused;
+    return ExitCode::Refused;
 }
 
 }  // namespace
@@ -49,7 +49,7 @@ ExitCode Refused(const HostModule& module, const Value& value) {
 ExitCode PrintText(Session& session) {
     Value value;
     if (!TakeValue(session, value)) {
-        return ExitCode::kWrongUsage;
+        return ExitCode::WrongUsage;
     }
     const HostModule& module = session.Module();
     const auto text = module.Text(value);
@@ -57,37 +57,37 @@ ExitCode PrintText(Session& session) {
         return Refused(module, value);
     }
     Print(text.value_or("") + "\n");
-    return ExitCode::kDone;
+    return ExitCode::Done;
 }
 
 ExitCode PrintLeaves(Session& session) {
     Value value;
     if (!TakeValue(session, value)) {
-        return ExitCode::kWrongUsage;
+        return ExitCode::WrongUsage;
     }
     const HostModule& module = session.Module();
     const std::vector<Leaf> leaves = module.Leaves(value);
     if (leaves.empty() && !module.Fits(value)) {
         return Refused(module, value);
     }
-    Table table({Align::kLeft, Align::kLeft});
+    Table table({Align::Left, Align::Left});
     for (const Leaf& leaf : leaves) {
         table.Add({leaf.path.empty() ? "(value)" : leaf.path, leaf.text});
     }
     Print(table.Text());
-    return ExitCode::kDone;
+    return ExitCode::Done;
 }
 
 ExitCode CheckValue(Session& session) {
     Value value;
     if (!TakeValue(session, value)) {
-        return ExitCode::kWrongUsage;
+        return ExitCode::WrongUsage;
     }
     if (!session.Module().Fits(value)) {
         return Refused(session.Module(), value);
     }
     Print("The value fits.\n");
-    return ExitCode::kDone;
+    return ExitCode::Done;
 }
 
 }  // namespace workbench::cli
