@@ -18,6 +18,18 @@ TEST(EnumItemList, OrdersByValueAndKeepsTheFirstOfEachValue) {
     EXPECT_EQ(list.FindName("late c"), nullptr);
 }
 
+TEST(EnumItemList, KeepsTheFirstOfManyItemsWithOneValue) {
+    std::vector<EnumItem> items;
+    for (std::uint32_t index = 0; index < 1000; ++index) {
+        items.push_back({std::to_string(index), index % 3});
+    }
+    const EnumItemList list(std::move(items));
+    ASSERT_EQ(list.Items().size(), 3U);
+    EXPECT_EQ(list.FindValue(0)->name, "0");
+    EXPECT_EQ(list.FindValue(1)->name, "1");
+    EXPECT_EQ(list.FindValue(2)->name, "2");
+}
+
 TEST(EnumItemList, FindsValues) {
     const EnumItemList list({{"two", 2}, {"four", 4}});
     EXPECT_EQ(list.FindValue(2)->name, "two");

@@ -83,6 +83,7 @@ TEST(ReadHexadecimal, TakesTheLeadingDigits) {
         {"0xx1", 0},
         {"00x1", 0},
         {"x1", 0},
+        {"1x5", 1},
         {"0", 0},
         {"0g", 0},
         {"0 x1", 0},
@@ -113,6 +114,7 @@ TEST(ReadDecimalOrDouble, ReadsAPlainIntegerWithoutACommaOrAnExponent) {
     EXPECT_EQ(ReadDecimalOrDouble("18446744073709551615"), kMax64);
     EXPECT_EQ(ReadDecimalOrDouble("9007199254740993"), 9007199254740993ULL);
     EXPECT_EQ(ReadDecimalOrDouble("3.7"), 3U);
+    EXPECT_EQ(ReadDecimalOrDouble("3.96"), 3U);
     EXPECT_EQ(ReadDecimalOrDouble("-12x"), kMax64 - 11);
     EXPECT_EQ(ReadDecimalOrDouble(""), 0U);
 }
