@@ -221,6 +221,48 @@ typedef struct StdParaFunctionTable {
                                                   TypeInformationRecord*);
 } StdParaFunctionTable;
 
+/* ---- The parameter-management table ------------------------------------------------------- */
+
+/*
+ * The project's parameter list as a whole, and single parameters by address (see the accessors
+ * below). Slots 1 to 4, 6 and 11 to 14 are skipped when they come a second time under one call
+ * token; token 0 never skips. Slots 2 and 11 to 14 report failures in a message box that belongs to
+ * the record's window; a null record has neither window nor path.
+ */
+typedef struct ManagementTable {
+    uint32_t size; /* 72 */
+                   /* Empties the list and reads the project's list file, if there is one. */
+    /*  1 */ void(ORVELL_CALL* LoadList)(ConfigurationRecord*);
+    /* Writes the project's list file: the project's path with the extension "SIL". */
+    /*  2 */ void(ORVELL_CALL* SaveList)(ConfigurationRecord*);
+    /*  3 */ void(ORVELL_CALL* ClearList)(void);
+    /* From here to slot 6 values are read and written in declared parameters only. */
+    /*  4 */ void(ORVELL_CALL* BeginUpdate)(void);
+    /* Moves a parameter to its new address and declares it; empty old address: a new parameter. */
+    /*  5 */ void(ORVELL_CALL* DeclareParameter)(const char* oldAddress, const char* newAddress);
+    /* Drops all parameters that have not been declared. */
+    /*  6 */ void(ORVELL_CALL* EndUpdate)(void);
+    /*  7 */ void(ORVELL_CALL* SetDoubleVector)(const char* address, const double* values,
+                                                uint32_t count);
+    /*  8 */ void(ORVELL_CALL* SetValueFromText)(const char* address, const char* text);
+    /* Writes at most size bytes, the closing NUL included; an empty text when there is no such
+       parameter. */
+    /*  9 */ void(ORVELL_CALL* GetName)(const char* address, char* buffer, uint32_t size);
+    /* 10 */ void(ORVELL_CALL* GetComment)(const char* address, char* buffer, uint32_t size);
+    /* A path with the extension "CSV" is a CSV file, any other a list file. */
+    /* 11 */ void(ORVELL_CALL* ImportIntoList)(ConfigurationRecord*, const char* path);
+    /* As slot 14; then offers to open the file in the editor that is registered for it. */
+    /* 12 */ void(ORVELL_CALL* ExportAndOpenList)(ConfigurationRecord*, const char* path);
+    /* As slot 11, into an emptied list; a list file's missing parameters are created. */
+    /* 13 */ void(ORVELL_CALL* ImportNewList)(ConfigurationRecord*, const char* path);
+    /* 14 */ void(ORVELL_CALL* ExportList)(ConfigurationRecord*, const char* path);
+    /* 15 */ int32_t(ORVELL_CALL* GetValue)(const char* address, void* buffer, uint32_t length,
+                                            uint32_t form);
+    /* 16 */ int32_t(ORVELL_CALL* SetValue)(const char* address, void* buffer, uint32_t length,
+                                            uint32_t form);
+    /* 17 */ void(ORVELL_CALL* SetCallToken)(uint32_t token);
+} ManagementTable;
+
 #pragma pack(pop)
 
 /* ---- Exports ------------------------------------------------------------------------------ */
@@ -236,16 +278,29 @@ int32_t ORVELL_CALL SetZelkorExportFctns(HostExportTable* table);
 int32_t ORVELL_CALL GetStdParaFctns(void* table);
 
 /*
- * Fills the host's parameter-management table in the same manner. Returns 1; 0 for a null table,
- * for one whose first word is 0, and as long as the module does not keep a parameter list.
+ * Fills the host's parameter-management table in the same manner and forgets the call tokens.
+ * Returns 1, or 0 for a null table and for one whose first word is 0.
  */
 int32_t ORVELL_CALL GetParaMGMTFunc(void* table);
 
 /*
  * Accessors of the parameter list. An address is a text: a kind's keyword and a number ("PW12"),
- * for bit kinds byte.bit ("E3.5"). Truth values as everywhere; functions without a result leave
- * their destination as described or untouched. Null texts empty the name (15 characters at most) or
- * the comment (30). form: how a value lies in a buffer of length bytes.
+ * for bit kinds byte.bit ("E3.5"; "E3" is "E3.0"). The functions with a result return 1 on success
+ * and 0 on failure; none shows a message. Between the management table's slots 4 and 6 values are
+ * read and written in declared parameters only; outside, writing a value creates the parameter.
+ * Names take 15 bytes, comments 30; null empties them.
+ *
+ * form of GetValue and SetValue: how the value lies in the buffer, which must have at least this
+ * many bytes. A parameter takes and gives only the forms that suit its kind.
+ *
+ *     1       truth value, 1 byte (255: true)    5   NUL-terminated text, as far as it fits
+ *     2       16-bit word                        6   unsigned 32-bit integer
+ *     3       signed 32-bit integer              7   byte
+ *     4       float                              8   64-bit integer
+ *     9, 10   double
+ *
+ * A null or too short buffer, an unknown form or an unknown kind of parameter touches nothing. When
+ * a value cannot be read in a form, the form's bytes are zeroed.
  */
 int32_t ORVELL_CALL STDSIL_GetSignalInfo(const char* address, char* name, char* comment);
 int32_t ORVELL_CALL STDSIL_SetBitParaValue(const char* address, const char* name,
@@ -266,11 +321,23 @@ int32_t ORVELL_CALL STDSIL_GetValue(const char* address, void* buffer, uint32_t 
                                     uint32_t form);
 int32_t ORVELL_CALL STDSIL_SetValue(const char* address, void* buffer, uint32_t length,
                                     uint32_t form);
+
+/*
+ * The following write 0 in place of values that do not exist, and nothing when an argument is null
+ * or the kind of parameter unknown. A count is the number of consecutive parameters from the
+ * address on.
+ */
 void ORVELL_CALL STDSIL_GetBitValue(const char* address, uint16_t* value);
 void ORVELL_CALL STDSIL_GetWordValue(const char* address, uint16_t* value);
 void ORVELL_CALL STDSIL_GetWordVector(const char* address, uint16_t* values, uint32_t unused,
                                       uint16_t* count);
 void ORVELL_CALL STDSIL_GetFloatValue(const char* address, uint16_t* count, double* values);
+
+/*
+ * A signal is a block of bytes that begins with the NUL-terminated address. At byte 31 lies the
+ * text to set (SetTextValue) or an unaligned array of 32-bit values (GetTXValue, SetTXValue);
+ * GetStringValue writes its text to the 18 bytes from byte 35 on, the closing NUL included.
+ */
 void ORVELL_CALL STDSIL_GetStringValue(void* signal);
 void ORVELL_CALL STDSIL_SetTextValue(void* signal);
 void ORVELL_CALL STDSIL_GetTXValue(void* signal, uint16_t* count);

@@ -47,3 +47,7 @@ static_assert(offsetof(OnlineAccessRecord, reserved) == 88);
 
 static_assert(sizeof(StdParaFunctionTable) == 104);
 static_assert(offsetof(StdParaFunctionTable, GetStdEnumInfo) == 100);
+
+static_assert(sizeof(ManagementTable) == 72);
+static_assert(offsetof(ManagementTable, LoadList) == 4);
+static_assert(offsetof(ManagementTable, SetCallToken) == 68);
