@@ -225,35 +225,38 @@ typedef struct StdParaFunctionTable {
 
 /*
  * The project's parameter list as a whole, and single parameters by address (see the accessors
- * below). Slots 1 to 4, 6 and 11 to 14 are skipped when they come a second time under one call
- * token; token 0 never skips. Slots 2 and 11 to 14 report failures in a message box that belongs to
- * the record's window; a null record has neither window nor path.
+ * below).
+ *
+ *  1 empties the list and reads the project's list file, if there is one: the project's path with
+ *    the extension "SIL"; 2 writes that file.
+ *  4 begins an update: until slot 6 values are read and written in declared parameters only.
+ *  5 moves a parameter to its new address and declares it; a new parameter has no old address.
+ *  6 drops all parameters that have not been declared.
+ *  7 to 10, 15 and 16 are accessors. The buffers of 9 and 10 have size bytes and get the text as
+ *    far as it fits, with a closing NUL; an empty one when there is no such parameter.
+ * 11 imports a file into the parameters that there are, 13 into an emptied list. With the extension
+ *    "CSV" it is a CSV file, which never creates parameters, else a list file.
+ * 14 exports the list to such a file; 12 also offers to open it in its registered editor.
+ * 17 sets the call token. Slots 1 to 4, 6 and 11 to 14 do their work once per token, and at every
+ *    call under token 0.
+ *
+ * Slots 2 and 11 to 14 report failures in a message box that the record's window owns.
  */
 typedef struct ManagementTable {
     uint32_t size; /* 72 */
-                   /* Empties the list and reads the project's list file, if there is one. */
     /*  1 */ void(ORVELL_CALL* LoadList)(ConfigurationRecord*);
-    /* Writes the project's list file: the project's path with the extension "SIL". */
     /*  2 */ void(ORVELL_CALL* SaveList)(ConfigurationRecord*);
     /*  3 */ void(ORVELL_CALL* ClearList)(void);
-    /* From here to slot 6 values are read and written in declared parameters only. */
     /*  4 */ void(ORVELL_CALL* BeginUpdate)(void);
-    /* Moves a parameter to its new address and declares it; empty old address: a new parameter. */
     /*  5 */ void(ORVELL_CALL* DeclareParameter)(const char* oldAddress, const char* newAddress);
-    /* Drops all parameters that have not been declared. */
     /*  6 */ void(ORVELL_CALL* EndUpdate)(void);
     /*  7 */ void(ORVELL_CALL* SetDoubleVector)(const char* address, const double* values,
                                                 uint32_t count);
     /*  8 */ void(ORVELL_CALL* SetValueFromText)(const char* address, const char* text);
-    /* Writes at most size bytes, the closing NUL included; an empty text when there is no such
-       parameter. */
     /*  9 */ void(ORVELL_CALL* GetName)(const char* address, char* buffer, uint32_t size);
     /* 10 */ void(ORVELL_CALL* GetComment)(const char* address, char* buffer, uint32_t size);
-    /* A path with the extension "CSV" is a CSV file, any other a list file. */
     /* 11 */ void(ORVELL_CALL* ImportIntoList)(ConfigurationRecord*, const char* path);
-    /* As slot 14; then offers to open the file in the editor that is registered for it. */
     /* 12 */ void(ORVELL_CALL* ExportAndOpenList)(ConfigurationRecord*, const char* path);
-    /* As slot 11, into an emptied list; a list file's missing parameters are created. */
     /* 13 */ void(ORVELL_CALL* ImportNewList)(ConfigurationRecord*, const char* path);
     /* 14 */ void(ORVELL_CALL* ExportList)(ConfigurationRecord*, const char* path);
     /* 15 */ int32_t(ORVELL_CALL* GetValue)(const char* address, void* buffer, uint32_t length,
