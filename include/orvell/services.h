@@ -32,8 +32,9 @@ typedef uint32_t XmlNodeHandle;     /* goes back through XMLIF_FreeHandle */
 
 /*
  * The 26 functions in the library's order. All must be present; those typed void* are never called
- * by the module. MString results are valid when the function returns not 0, that of XMLIF_GetLastError
- * whenever its text is not null; the record goes back through XMLIF_FreeMString in every case.
+ * by the module. MString results are valid when the function returns not 0, that of
+ * XMLIF_GetLastError whenever its text is not null; the record goes back through XMLIF_FreeMString
+ * in every case.
  */
 typedef struct XmlAccessFunctions {
     XmlDocumentHandle(ORVELL_CALL* Create)(void);

@@ -66,7 +66,7 @@ bool ValueWalk::AdvanceInside() {
             ++level.item;
         }
         if (level.item < level.type->itemsWithValues.size()) {
-            AppendItem(level);
+            UpdatePath(level);
             Enter(level.type->itemsWithValues[level.item]->type);
             return true;
         }
@@ -95,14 +95,14 @@ void ValueWalk::Enter(const TypeDef* type) {
             continue;
         }
         levels_.push_back({type, 0, 0, path_.size()});
-        AppendItem(levels_.back());
+        UpdatePath(levels_.back());
         type = type->itemsWithValues.front()->type;
     }
     leaf_ = type;
 }
 
 /// Sets the path to that of the value which the walk is in at this level.
-void ValueWalk::AppendItem(const Level& level) {
+void ValueWalk::UpdatePath(const Level& level) {
     if (!tracksPaths_) {
         return;
     }

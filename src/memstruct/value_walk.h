@@ -89,7 +89,7 @@ class ValueWalk {
     bool AdvanceInside();
     void EnterElement();
     void Enter(const TypeDef* type);
-    void AppendItem(const Level& level);
+    void UpdatePath(const Level& level);
     void AppendIndex(std::uint32_t index);
 
     const TypeDef* type_;
