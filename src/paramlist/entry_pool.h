@@ -1,6 +1,9 @@
 #pragma once
 
+#include <array>
+#include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -12,11 +15,6 @@ namespace orvell::paramlist {
 /// whose last entry is released goes back to the system at once.
 class EntryPool {
   public:
-    EntryPool();
-    EntryPool(EntryPool&&) noexcept;
-    EntryPool& operator=(EntryPool&&) noexcept;
-    ~EntryPool();
-
     /// An empty entry that is linked nowhere. Throws std::bad_alloc and changes nothing when memory
     /// is short.
     [[nodiscard]] ParameterEntry* Acquire();
@@ -29,15 +27,27 @@ class EntryPool {
 
     /// Calls `visit` with every acquired entry, in no particular order.
     template <typename Visit>
-    void ForEach(const Visit& visit) const;
+    void ForEach(const Visit& visit) const {
+        for (const std::unique_ptr<Slab>& slab : slabs_) {
+            for (std::uint64_t rest = slab->used; rest != 0; rest &= rest - 1) {
+                visit(slab->entries[static_cast<std::size_t>(std::countr_zero(rest))]);
+            }
+        }
+    }
 
   private:
-    struct Slab;
+    static constexpr std::size_t kEntriesPerSlab = 64;
 
-    static Slab& SlabOf(ParameterEntry& entry);
-    void MoveTo(std::size_t place, Slab& slab) noexcept;
+    struct Slab {
+        std::array<ParameterEntry, kEntriesPerSlab> entries;
+        std::uint64_t used = 0;  ///< one bit an entry
+        std::size_t place = 0;   ///< in `slabs_`
+    };
 
-    /// Those without room first, then from `fullCount_` on those with room.
+    [[nodiscard]] static Slab& SlabOf(ParameterEntry& entry);
+    void Exchange(std::size_t place, std::size_t otherPlace) noexcept;
+
+    /// Those without room first, from `fullCount_` on those with room.
     std::vector<std::unique_ptr<Slab>> slabs_;
     std::size_t fullCount_ = 0;
 };

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 #include "paramlist/parameter_entry.h"
@@ -13,16 +14,10 @@ namespace orvell::paramlist {
 ///
 /// A hash table with chains: the entries of one number form a ring, and each slot of the table
 /// holds a chain of rings, each by its last entry. The 8 numbers of a bucket lie in 8 neighbouring
-/// slots, one cache line. The hash function is drawn at random from a universal family (multiply
-/// and shift), so that no file can be made whose numbers all meet in one slot.
+/// slots, which share a cache line. The hash function is drawn at random from a universal family
+/// (multiply and shift), so that no file can be made whose numbers all meet in one slot.
 class EntryTable {
   public:
-    EntryTable() = default;
-    EntryTable(const EntryTable&) = delete;
-    EntryTable& operator=(const EntryTable&) = delete;
-    EntryTable(EntryTable&&) noexcept = default;
-    EntryTable& operator=(EntryTable&&) noexcept = default;
-
     /// The oldest entry with this number, null when there is none.
     [[nodiscard]] ParameterEntry* FindFirst(std::uint32_t number) const;
 
@@ -34,8 +29,8 @@ class EntryTable {
     void Insert(ParameterEntry& entry) noexcept;
 
     /// Takes out every entry for which `isUnwanted` is true and gives it to `release`.
-    template <typename IsUnwanted, typename ReleaseEntry>
-    void RemoveIf(const IsUnwanted& isUnwanted, const ReleaseEntry& release);
+    template <typename IsUnwanted, typename Release>
+    void RemoveIf(const IsUnwanted& isUnwanted, const Release& release);
 
     /// Forgets all entries and gives the table's memory back.
     void Clear() noexcept;
@@ -46,18 +41,80 @@ class EntryTable {
     [[nodiscard]] std::vector<const ParameterEntry*> EntriesInOrder() const;
 
   private:
-    [[nodiscard]] std::size_t SlotOf(std::uint32_t number) const;
-    [[nodiscard]] ParameterEntry* FindLast(std::uint32_t number) const;
-    [[nodiscard]] std::vector<const ParameterEntry*> OldestEntries() const;
-    void Grow();
-    void Shrink() noexcept;
-    ParameterEntry* UnlinkAllRings() noexcept;
-    void LinkRings(ParameterEntry* chain) noexcept;
+    struct NumberedRing {
+        std::uint32_t number;
+        const ParameterEntry* first;
+    };
 
-    std::vector<ParameterEntry*> slots_;  ///< a power of two, or none
-    unsigned slotBits_ = 0;               ///< binary logarithm of the number of slots
-    std::uint32_t multiplier_ = 0;        ///< odd; 0: not drawn yet
+    /// Returns the last of the remaining entries, null when none remain.
+    template <typename IsUnwanted, typename Release>
+    ParameterEntry* RemoveFromRing(ParameterEntry& last, const IsUnwanted& isUnwanted,
+                                   const Release& release);
+
+    [[nodiscard]] std::size_t SlotOf(std::uint32_t number) const;
+
+    /// Where the ring of this number hangs in its chain: a null pointer at the chain's end if there
+    /// is no such ring.
+    [[nodiscard]] ParameterEntry** LinkOf(std::uint32_t number);
+
+    static void AppendRing(std::vector<const ParameterEntry*>& entries,
+                           const ParameterEntry& first);
+    [[nodiscard]] std::vector<NumberedRing> SortedRings() const;
+    void Resize(std::size_t slotCount);
+    void ShrinkToFit() noexcept;
+    ParameterEntry* UnlinkRings() noexcept;
+    void LinkRings(ParameterEntry* chain) noexcept;
+    void ExtendRange(std::uint32_t number);
+    void ForgetRange();
+
+    std::vector<ParameterEntry*> slots_;  ///< their number is a power of two or 0
+    unsigned unusedHashBits_ = 32;        ///< 32 less the binary logarithm of the number of slots
+    std::uint32_t multiplier_ = 0;        ///< of the hash function, odd; 0: not drawn yet
     std::size_t entryCount_ = 0;
+    std::uint32_t smallest_ = std::numeric_limits<std::uint32_t>::max();  ///< of all numbers
+    std::uint32_t largest_ = 0;
 };
+
+template <typename IsUnwanted, typename Release>
+void EntryTable::RemoveIf(const IsUnwanted& isUnwanted, const Release& release) {
+    ForgetRange();
+    for (ParameterEntry*& slot : slots_) {
+        ParameterEntry** link = &slot;
+        while (*link != nullptr) {
+            ParameterEntry* const nextRing = (*link)->nextRing_;
+            *link = RemoveFromRing(**link, isUnwanted, release);
+            if (*link != nullptr) {
+                ExtendRange((*link)->number_);
+                link = &(*link)->nextRing_;
+            }
+            *link = nextRing;
+        }
+    }
+    ShrinkToFit();
+}
+
+template <typename IsUnwanted, typename Release>
+ParameterEntry* EntryTable::RemoveFromRing(ParameterEntry& last, const IsUnwanted& isUnwanted,
+                                           const Release& release) {
+    ParameterEntry* firstKept = nullptr;
+    ParameterEntry* lastKept = nullptr;
+    ParameterEntry* entry = last.nextEqual_;
+    for (bool isLast = false; !isLast;) {
+        isLast = entry == &last;
+        ParameterEntry* const next = entry->nextEqual_;
+        if (isUnwanted(*entry)) {
+            release(*entry);
+            --entryCount_;
+        } else {
+            (lastKept == nullptr ? firstKept : lastKept->nextEqual_) = entry;
+            lastKept = entry;
+        }
+        entry = next;
+    }
+    if (lastKept != nullptr) {
+        lastKept->nextEqual_ = firstKept;
+    }
+    return lastKept;
+}
 
 }  // namespace orvell::paramlist

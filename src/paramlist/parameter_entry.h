@@ -56,6 +56,7 @@ class ParameterEntry {
     static constexpr std::string_view kEmptyMark = "%%";
 
   private:
+    friend class DuplicateMarks;
     friend class EntryPool;
     friend class EntryTable;
     friend class ParameterKind;

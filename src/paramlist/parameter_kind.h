@@ -83,8 +83,6 @@ class ParameterKind {
     [[nodiscard]] std::vector<const ParameterEntry*> EntriesInOrder() const;
 
   private:
-    void MarkAsDeclared(ParameterEntry& entry);
-
     std::string keyword_;
     ValueTypeCode valueType_;
     const ValueTypeHandler* handler_;

@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "paramlist/parameter_entry.h"
@@ -93,11 +94,19 @@ class ParameterList {
     void SetProjectName(std::string name) { projectName_ = std::move(name); }
 
   private:
-    void InsertKind(std::string keyword, ValueTypeCode valueType);
+    template <typename Number>
+    using NumberSetter = bool (ValueTypeHandler::*)(ParameterValue&, Number) const;
 
-    template <typename Number, typename SetValue>
-    bool FillVectorWith(std::string_view address, std::span<const Number> values,
-                        const SetValue& setValue);
+    void InsertKind(const std::string& keyword, ValueTypeCode valueType);
+
+    template <typename Number>
+    bool FillVectorWith(std::string_view addressText, std::span<const Number> values,
+                        NumberSetter<Number> setter);
+
+    /// Without a handler the value becomes undefined.
+    template <typename Number>
+    static bool SetNumber(const ParameterKind& kind, ParameterValue& value, Number number,
+                          NumberSetter<Number> setter);
 
     const resources::StringTable& strings_;
     ValueTypeHandlerSet handlers_;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <memory>
@@ -39,7 +41,7 @@ class ParameterValue {
     void Store(Number number) {
         static_assert(std::is_arithmetic_v<Number> && sizeof(Number) <= kInlineCapacity);
         Clear();
-        std::memcpy(inlineBytes_, &number, sizeof number);
+        std::memcpy(storage_.data(), &number, sizeof number);
         length_ = sizeof number;
     }
 
@@ -51,7 +53,7 @@ class ParameterValue {
             return std::nullopt;
         }
         Number number;
-        std::memcpy(&number, inlineBytes_, sizeof number);
+        std::memcpy(&number, storage_.data(), sizeof number);
         return number;
     }
 
@@ -64,22 +66,26 @@ class ParameterValue {
     [[nodiscard]] std::string_view LoadText() const;
 
   private:
-    static constexpr std::uint32_t kInlineCapacity = 8;
+    static constexpr std::size_t kInlineCapacity = 8;
 
     [[nodiscard]] bool IsInline() const { return length_ <= kInlineCapacity; }
     [[nodiscard]] const std::uint8_t* Data() const {
-        return IsInline() ? inlineBytes_ : heapBytes_;
+        return IsInline() ? storage_.data() : HeapPointer();
     }
+    [[nodiscard]] std::uint8_t* MutableData() {
+        return IsInline() ? storage_.data() : HeapPointer();
+    }
+    [[nodiscard]] std::uint8_t* HeapPointer() const;
 
-    /// Makes room for `length` bytes and returns it; what was stored stays alive in `previous`.
-    std::uint8_t* Replace(std::size_t length, std::unique_ptr<std::uint8_t[]>& previous);
-    std::unique_ptr<std::uint8_t[]> Release() noexcept;
+    /// Makes an undefined value `length` bytes long, their content being undetermined.
+    void Allocate(std::size_t length);
+    void Copy(const void* bytes, std::size_t count);
+    void TakeFrom(ParameterValue& other) noexcept;  // this value being undefined
 
     std::uint32_t length_ = 0;
-    union {
-        std::uint8_t inlineBytes_[kInlineCapacity] = {};
-        std::uint8_t* heapBytes_;  ///< owned, when the value is longer than `kInlineCapacity`
-    };
+    /// The bytes, or the address of longer ones, which are owned. Bytes rather than a pointer, so
+    /// that the object needs no padding.
+    std::array<std::uint8_t, kInlineCapacity> storage_ = {};
 };
 
 }  // namespace orvell::paramlist

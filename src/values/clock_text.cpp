@@ -67,12 +67,17 @@ FieldScan ScanClock(std::string_view text, std::size_t start) {
     return ScanFields(kClockTable, SeparatedBy{':'}, text, start);
 }
 
-std::optional<ClockTime> ReadClock(std::string_view text, std::size_t start) {
+std::optional<ClockReading> ReadClockAndEnd(std::string_view text, std::size_t start) {
     const FieldScan scan = ScanClock(text, start);
     if (!scan.EndedIn({4, 5, 7, 8})) {
         return std::nullopt;
     }
-    return ClockOfFields(scan);
+    return ClockReading{ClockOfFields(scan), scan.end};
+}
+
+std::optional<ClockTime> ReadClock(std::string_view text, std::size_t start) {
+    const std::optional<ClockReading> reading = ReadClockAndEnd(text, start);
+    return reading ? std::optional(reading->clock) : std::nullopt;
 }
 
 FieldScan ScanClockWithMilliseconds(std::string_view text, std::size_t start) {

@@ -22,6 +22,14 @@ struct ClockTime {
 /// `end` of the result is where a following text would begin.
 [[nodiscard]] FieldScan ScanClock(std::string_view text, std::size_t start);
 
+struct ClockReading {
+    ClockTime clock;
+    std::size_t end;  ///< position of the first character behind the clock
+};
+
+/// The clock at `start` and where it ends; none unless hours and minutes at least are there.
+[[nodiscard]] std::optional<ClockReading> ReadClockAndEnd(std::string_view text, std::size_t start);
+
 /// The clock at `start`; none unless hours and minutes at least are there.
 [[nodiscard]] std::optional<ClockTime> ReadClock(std::string_view text, std::size_t start);
 

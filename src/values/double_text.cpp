@@ -155,4 +155,16 @@ void AppendGeneral(std::string& text, double value, int significantDigits) {
     text.append(buffer.data(), result.ptr);
 }
 
+void AppendFixed(std::string& text, double value, int decimals) {
+    if (std::isnan(value)) {
+        text += "nan";
+        return;
+    }
+    constexpr std::size_t kLongestText = 320;  // sign, 309 digits of the largest double, point
+    std::array<char, kLongestText> buffer;
+    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                      std::chars_format::fixed, decimals);
+    text.append(buffer.data(), result.ptr);
+}
+
 }  // namespace orvell::values

@@ -27,4 +27,8 @@ struct DoubleScan {
 /// the decimal point; "inf", "-inf" or "nan" for what is not a number.
 void AppendGeneral(std::string& text, double value, int significantDigits);
 
+/// Appends the value as the conversion "%.<decimals>f" prints it, exactly rounded; up to 3
+/// decimals. What is not a number is spelled as by `AppendGeneral`.
+void AppendFixed(std::string& text, double value, int decimals);
+
 }  // namespace orvell::values

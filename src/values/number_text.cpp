@@ -10,8 +10,6 @@
 namespace orvell::values {
 namespace {
 
-// Sign, 309 digits of the largest double, point, one decimal.
-constexpr std::size_t kLongestFixedText = 320;
 constexpr std::size_t kLongestInteger = 20;
 
 unsigned HexadecimalDigitValue(char character) {
@@ -75,10 +73,9 @@ std::uint64_t ReadDecimalOrDouble(std::string_view text) {
     }
     std::string withPoint(text);
     std::replace(withPoint.begin(), withPoint.end(), ',', '.');
-    std::array<char, kLongestFixedText> buffer;
-    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
-                                      ReadDouble(withPoint), std::chars_format::fixed, 1);
-    return ReadDecimal64({buffer.data(), static_cast<std::size_t>(result.ptr - buffer.data())});
+    std::string print;
+    AppendFixed(print, ReadDouble(withPoint), 1);
+    return ReadDecimal64(print);
 }
 
 void AppendSigned(std::string& text, std::int64_t value) {

@@ -1,0 +1,174 @@
+#include "paramlist/entry_table.h"
+
+#include <algorithm>
+#include <bit>
+#include <limits>
+#include <random>
+#include <utility>
+
+namespace orvell::paramlist {
+namespace {
+
+constexpr unsigned kHashBits = 32;
+constexpr std::uint32_t kNumbersPerBucket = 8;
+constexpr std::size_t kSmallestSlotCount = 16;  // at least a bucket's
+
+// Up to this many numbers for each entry it is cheaper to look for every number than to sort.
+constexpr std::uint32_t kWidestGap = 8;
+
+}  // namespace
+
+ParameterEntry* EntryTable::FindFirst(std::uint32_t number) const {
+    if (slots_.empty()) {
+        return nullptr;
+    }
+    for (ParameterEntry* ring = slots_[SlotOf(number)]; ring != nullptr; ring = ring->nextRing_) {
+        if (ring->number_ == number) {
+            return ring->nextEqual_;
+        }
+    }
+    return nullptr;
+}
+
+void EntryTable::Reserve() {
+    if (entryCount_ == slots_.size()) {
+        Resize(std::max(slots_.size() * 2, kSmallestSlotCount));
+    }
+}
+
+void EntryTable::Insert(ParameterEntry& entry) noexcept {
+    ParameterEntry** const link = LinkOf(entry.number_);
+    ParameterEntry* const previous = *link;
+    if (previous == nullptr) {
+        entry.nextEqual_ = &entry;
+        entry.nextRing_ = nullptr;
+    } else {
+        entry.nextEqual_ = std::exchange(previous->nextEqual_, &entry);
+        entry.nextRing_ = previous->nextRing_;
+    }
+    *link = &entry;
+    ++entryCount_;
+    ExtendRange(entry.number_);
+}
+
+void EntryTable::Clear() noexcept {
+    slots_ = std::vector<ParameterEntry*>();
+    unusedHashBits_ = kHashBits;
+    entryCount_ = 0;
+    ForgetRange();
+}
+
+std::vector<const ParameterEntry*> EntryTable::EntriesInOrder() const {
+    std::vector<const ParameterEntry*> entries;
+    if (entryCount_ == 0) {
+        return entries;
+    }
+    entries.reserve(entryCount_);
+    if ((largest_ - smallest_) / kWidestGap > entryCount_) {
+        for (const auto& [number, first] : SortedRings()) {
+            AppendRing(entries, *first);
+        }
+        return entries;
+    }
+    for (std::uint64_t number = smallest_; number <= largest_; ++number) {
+        const ParameterEntry* const first = FindFirst(static_cast<std::uint32_t>(number));
+        if (first != nullptr) {
+            AppendRing(entries, *first);
+        }
+    }
+    return entries;
+}
+
+void EntryTable::AppendRing(std::vector<const ParameterEntry*>& entries,
+                            const ParameterEntry& first) {
+    const ParameterEntry* entry = &first;
+    do {
+        entries.push_back(entry);
+        entry = entry->nextEqual_;
+    } while (entry != &first);
+}
+
+std::vector<EntryTable::NumberedRing> EntryTable::SortedRings() const {
+    std::vector<NumberedRing> rings;
+    for (const ParameterEntry* ring : slots_) {
+        for (; ring != nullptr; ring = ring->nextRing_) {
+            rings.push_back({ring->number_, ring->nextEqual_});
+        }
+    }
+    std::sort(rings.begin(), rings.end(), [](const NumberedRing& left, const NumberedRing& right) {
+        return left.number < right.number;
+    });
+    return rings;
+}
+
+void EntryTable::Resize(std::size_t slotCount) {
+    if (multiplier_ == 0) {
+        multiplier_ = std::random_device()() | 1;
+    }
+    std::vector<ParameterEntry*> slots(slotCount);
+    ParameterEntry* const chain = UnlinkRings();
+    slots_ = std::move(slots);
+    LinkRings(chain);
+}
+
+void EntryTable::ShrinkToFit() noexcept {
+    if (entryCount_ == 0) {
+        Clear();
+        return;
+    }
+    const std::size_t slotCount = std::max(std::bit_ceil(entryCount_), kSmallestSlotCount);
+    if (slotCount >= slots_.size()) {
+        return;
+    }
+    ParameterEntry* const chain = UnlinkRings();
+    slots_.resize(slotCount);
+    slots_.shrink_to_fit();
+    LinkRings(chain);
+}
+
+ParameterEntry* EntryTable::UnlinkRings() noexcept {
+    ParameterEntry* chain = nullptr;
+    for (ParameterEntry*& slot : slots_) {
+        ParameterEntry* ring = std::exchange(slot, nullptr);
+        while (ring != nullptr) {
+            ParameterEntry* const next = std::exchange(ring->nextRing_, chain);
+            chain = std::exchange(ring, next);
+        }
+    }
+    return chain;
+}
+
+void EntryTable::LinkRings(ParameterEntry* chain) noexcept {
+    unusedHashBits_ = kHashBits - static_cast<unsigned>(std::countr_zero(slots_.size()));
+    while (chain != nullptr) {
+        ParameterEntry*& slot = slots_[SlotOf(chain->number_)];
+        ParameterEntry* const next = std::exchange(chain->nextRing_, slot);
+        slot = std::exchange(chain, next);
+    }
+}
+
+void EntryTable::ExtendRange(std::uint32_t number) {
+    smallest_ = std::min(smallest_, number);
+    largest_ = std::max(largest_, number);
+}
+
+void EntryTable::ForgetRange() {
+    smallest_ = std::numeric_limits<std::uint32_t>::max();
+    largest_ = 0;
+}
+
+std::size_t EntryTable::SlotOf(std::uint32_t number) const {
+    const std::uint32_t bucket = number / kNumbersPerBucket;
+    const std::uint32_t hash = (bucket * multiplier_) >> unusedHashBits_;
+    return hash ^ (number % kNumbersPerBucket);
+}
+
+ParameterEntry** EntryTable::LinkOf(std::uint32_t number) {
+    ParameterEntry** link = &slots_[SlotOf(number)];
+    while (*link != nullptr && (*link)->number_ != number) {
+        link = &(*link)->nextRing_;
+    }
+    return link;
+}
+
+}  // namespace orvell::paramlist

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace orvell::paramlist {
+
+/// A record of a list file: the fields as written, with blanks for at signs.
+struct ListFileRecord {
+    std::string_view keyword;  ///< never empty
+    std::uint32_t number = 0;  ///< modulo 2^32
+    std::string_view name;     ///< never empty, as are value and comment
+    std::string_view value;    ///< its first character is as written
+    std::string_view comment;
+};
+
+/// Takes what a list file holds.
+class ListFileRecords {
+  public:
+    ListFileRecords() = default;
+    ListFileRecords(const ListFileRecords&) = delete;
+    ListFileRecords& operator=(const ListFileRecords&) = delete;
+    virtual ~ListFileRecords() = default;
+
+    /// The record's texts are valid during the call only.
+    virtual void TakeOver(const ListFileRecord& record) = 0;
+};
+
+/// Recognises the records in the text of a list file, which comes in pieces of any size with single
+/// LFs at the line ends. Costs time linear in the text and memory for the longest record.
+class ListFileMachine {
+  public:
+    /// `records` must outlive the machine.
+    explicit ListFileMachine(ListFileRecords& records) : records_(records) {}
+
+    void Consume(std::string_view piece);
+
+    /// The text is at its end; it may lie in the last line of a record. True when there was at
+    /// least one record, or when the last line was ended and began no record.
+    [[nodiscard]] bool Finish();
+
+  private:
+    enum Field : std::uint8_t { kKeyword, kName, kValue, kComment, kFieldCount };
+
+    [[nodiscard]] std::string_view ConsumeRun(std::string_view piece);
+    void ConsumeCharacter(char character);
+    void Collect(char character);
+    void TakeOver();
+
+    ListFileRecords& records_;
+    std::size_t state_ = 0;
+    std::string fields_[kFieldCount];
+    std::uint32_t number_ = 0;
+    bool hasRecord_ = false;
+};
+
+}  // namespace orvell::paramlist
