@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 
+#include "paramlist/field_text.h"
 #include "values/characters.h"
 
 namespace orvell::paramlist {
@@ -76,13 +76,14 @@ constexpr Transitions kTransitions = [] {
     return transitions;
 }();
 
-/// True in the last line of a record, where its end is the record's end.
-bool IsInComment(std::size_t state) {
+/// True in a record's last line behind which nothing of it is missing.
+bool IsRecordComplete(std::size_t state) {
     return state == 20 || state == 21;
 }
 
-void ReplaceAtSigns(std::string& text, std::size_t from) {
-    std::replace(text.begin() + static_cast<std::ptrdiff_t>(from), text.end(), kListFileBlank, ' ');
+void ReplaceBlankMarks(std::string& text, std::size_t start) {
+    std::replace(text.begin() + static_cast<std::ptrdiff_t>(start), text.end(), kListFileBlank,
+                 ' ');
 }
 
 }  // namespace
@@ -93,14 +94,14 @@ void ListFileMachine::Consume(std::string_view piece) {
         Collect(piece.substr(0, run));
         piece.remove_prefix(run);
         if (!piece.empty()) {
-            Step(piece.front());
+            ChangeState(piece.front());
             piece.remove_prefix(1);
         }
     }
 }
 
 bool ListFileMachine::Finish() {
-    if (IsInComment(state_)) {
+    if (IsRecordComplete(state_)) {
         TakeOver();
     }
     return hasRecord_ || state_ == 0;
@@ -109,15 +110,58 @@ bool ListFileMachine::Finish() {
 /// How many of the next characters leave the state as it is.
 std::size_t ListFileMachine::RunLength(std::string_view piece) const {
     const auto& next = kTransitions[state_];
-    const auto end = std::ranges::find_if(piece, [&](char character) {
+    const auto end = std::find_if(piece.begin(), piece.end(), [&](char character) {
         return next[static_cast<unsigned char>(character)] != state_;
     });
     return static_cast<std::size_t>(end - piece.begin());
 }
 
-/// Every character that leads into or stays in a field's state belongs to that field.
-void ListFileMachine::Step(char character) {
-    const std::size_t before = std::exchange(state_, kTransitions[state_][static_cast<unsigned char>(character)]);
+/// `character` leads to another state; where that collects characters, it is the first of them.
+void ListFileMachine::ChangeState(char character) {
+    if (character == '\n' && IsRecordComplete(state_)) {
+        TakeOver();
+    }
+    state_ = kTransitions[state_][static_cast<unsigned char>(character)];
+    if (state_ == kNumber) {
+        number_ = 0;
+    } else if (std::string* const field = FieldOf(state_)) {
+        field->clear();
+    }
+    Collect({&character, 1});
+}
+
+/// The characters lead into the present state or leave it as it is.
+void ListFileMachine::Collect(std::string_view characters) {
+    if (state_ == kNumber) {
+        for (const char digit : characters) {
+            number_ = number_ * 10 + values::DigitValue(digit);
+        }
+    } else if (std::string* const field = FieldOf(state_)) {
+        field->append(characters);
+    }
+}
+
+std::string* ListFileMachine::FieldOf(std::size_t state) {
+    switch (state) {
+        case 4:
+            return &keyword_;
+        case 10:
+            return &name_;
+        case 15:
+            return &value_;
+        case 20:
+            return &comment_;
+        default:
+            return nullptr;
+    }
+}
+
+void ListFileMachine::TakeOver() {
+    ReplaceBlankMarks(name_, 0);
+    ReplaceBlankMarks(value_, 1);
+    ReplaceBlankMarks(comment_, 0);
+    records_.TakeOver({keyword_, number_, name_, value_, comment_});
+    hasRecord_ = true;
 }
 
 }  // namespace orvell::paramlist

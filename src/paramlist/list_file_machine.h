@@ -42,17 +42,19 @@ class ListFileMachine {
     [[nodiscard]] bool Finish();
 
   private:
-    enum Field : std::uint8_t { kKeyword, kName, kValue, kComment, kFieldCount };
-
-    [[nodiscard]] std::string_view ConsumeRun(std::string_view piece);
-    void ConsumeCharacter(char character);
-    void Collect(char character);
+    [[nodiscard]] std::size_t RunLength(std::string_view piece) const;
+    [[nodiscard]] std::string* FieldOf(std::size_t state);
+    void ChangeState(char character);
+    void Collect(std::string_view characters);
     void TakeOver();
 
     ListFileRecords& records_;
-    std::size_t state_ = 0;
-    std::string fields_[kFieldCount];
+    std::uint8_t state_ = 0;
+    std::string keyword_;
     std::uint32_t number_ = 0;
+    std::string name_;
+    std::string value_;
+    std::string comment_;
     bool hasRecord_ = false;
 };
 
