@@ -8,7 +8,7 @@ namespace {
 constexpr std::uint32_t kHoursPerDay = 24;
 constexpr std::uint32_t kMinutesPerHour = 60;
 constexpr std::uint32_t kSecondsPerMinute = 60;
-constexpr std::int8_t kNo = kRejected;
+constexpr std::int16_t kNo = kRejected;
 
 constexpr TransitionTable<8, 4> kClockTable = {{
     // blank digit   ":" other

@@ -7,7 +7,7 @@ namespace {
 
 constexpr char kDayFirstSeparator = '.';
 constexpr char kMonthFirstSeparator = '/';
-constexpr std::int8_t kNo = kRejected;
+constexpr std::int16_t kNo = kRejected;
 
 constexpr TransitionTable<8, 4> kDateTable = {{
     // blank digit separator other

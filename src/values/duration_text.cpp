@@ -18,23 +18,23 @@ struct DurationUnit {
 constexpr std::array<DurationUnit, 5> kUnits = {
     {{"d", 86400000}, {"h", 3600000}, {"min", 60000}, {"s", 1000}, {"ms", 1}}};
 
-enum State : std::size_t { kBetween, kJunk, kNumber, kAfterNumber, kUnit };
-enum Column : std::size_t { kBlank, kDigit, kOther };
+enum State : std::size_t { Between, Junk, Number, AfterNumber, Unit };
+enum Column : std::size_t { Blank, Digit, Other };
 
 constexpr std::array<std::array<State, 3>, 5> kDurationTable = {{
     // blank    digit    other
-    {kBetween, kNumber, kJunk},      // between two pairs
-    {kBetween, kNumber, kJunk},      // junk
-    {kAfterNumber, kNumber, kUnit},  // number
-    {kAfterNumber, kUnit, kUnit},    // after number
-    {kBetween, kUnit, kUnit},        // unit
+    {Between, Number, Junk},      // between two pairs
+    {Between, Number, Junk},      // junk
+    {AfterNumber, Number, Unit},  // number
+    {AfterNumber, Unit, Unit},    // after number
+    {Between, Unit, Unit},        // unit
 }};
 
 Column ColumnOf(char character) {
     if (IsBlank(character)) {
-        return kBlank;
+        return Blank;
     }
-    return IsDigit(character) ? kDigit : kOther;
+    return IsDigit(character) ? Digit : Other;
 }
 
 bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
@@ -57,21 +57,21 @@ std::uint32_t ReadDuration(std::string_view text) {
     std::uint32_t total = 0;
     std::uint32_t number = 0;
     std::size_t unitStart = 0;
-    State state = kBetween;
+    State state = Between;
     for (std::size_t position = 0; position < text.size(); ++position) {
         const State previous = state;
         state = kDurationTable[previous][ColumnOf(text[position])];
-        if (state == kNumber) {
-            number = (previous == kNumber ? number * 10 : 0) + DigitValue(text[position]);
-        } else if (state == kUnit && previous != kUnit) {
+        if (state == Number) {
+            number = (previous == Number ? number * 10 : 0) + DigitValue(text[position]);
+        } else if (state == Unit && previous != Unit) {
             unitStart = position;
-        } else if (previous == kUnit && state == kBetween) {
+        } else if (previous == Unit && state == Between) {
             total += number * FactorOf(text.substr(unitStart, position - unitStart));
         }
     }
-    if (state == kUnit) {
+    if (state == Unit) {
         total += number * FactorOf(text.substr(unitStart));
-    } else if (state == kNumber || state == kAfterNumber) {
+    } else if (state == Number || state == AfterNumber) {
         total += number;
     }
     return total;

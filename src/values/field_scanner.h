@@ -17,9 +17,9 @@ namespace orvell::values {
 /// A transition to a state without a row ends the scan without consuming the character:
 /// `kRejected`, or the state that follows the last row.
 template <std::size_t stateCount, std::size_t classCount>
-using TransitionTable = std::array<std::array<std::int8_t, classCount>, stateCount>;
+using TransitionTable = std::array<std::array<std::int16_t, classCount>, stateCount>;
 
-inline constexpr std::int8_t kRejected = -1;
+inline constexpr std::int16_t kRejected = -1;
 inline constexpr std::size_t kMaximumFieldCount = 4;
 
 /// Where a scan ended, and the numbers that it read modulo 2^32, 0 where there was none.
@@ -60,7 +60,7 @@ template <std::size_t stateCount, std::size_t classCount, typename ClassOf>
 }
 
 /// Columns of a table with one separator.
-enum SeparatedColumn : std::size_t { kBlankColumn, kDigitColumn, kSeparatorColumn, kOtherColumn };
+enum SeparatedColumn : std::size_t { BlankColumn, DigitColumn, SeparatorColumn, OtherColumn };
 
 /// Tells the column of a character when `separator` stands between the numbers.
 struct SeparatedBy {
@@ -68,12 +68,12 @@ struct SeparatedBy {
 
     std::size_t operator()(char character) const {
         if (IsBlank(character)) {
-            return kBlankColumn;
+            return BlankColumn;
         }
         if (IsDigit(character)) {
-            return kDigitColumn;
+            return DigitColumn;
         }
-        return character == separator ? kSeparatorColumn : kOtherColumn;
+        return character == separator ? SeparatorColumn : OtherColumn;
     }
 };
 

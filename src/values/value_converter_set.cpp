@@ -16,9 +16,12 @@ namespace {
 /// Stands in for the codes without a converter: fails in everything and empties texts.
 class NoConverter final : public ValueConverter {
   public:
-    std::uint32_t GetSize(const TypeDescription& /*type*/) const override { return 0; }
+    [[nodiscard]] std::uint32_t GetSize(const TypeDescription& /*type*/) const override {
+        return 0;
+    }
 
-    bool HasRoom(const TypeDescription& /*type*/, ConstValueBuffer /*buffer*/) const override {
+    [[nodiscard]] bool HasRoom(const TypeDescription& /*type*/,
+                               ConstValueBuffer /*buffer*/) const override {
         return false;
     }
 
@@ -39,7 +42,9 @@ class NoConverter final : public ValueConverter {
         return false;
     }
 
-    std::uint32_t NormalizeParam(const TypeDescription& /*type*/) const override { return 0; }
+    [[nodiscard]] std::uint32_t NormalizeParam(const TypeDescription& /*type*/) const override {
+        return 0;
+    }
 
     bool Normalize(std::uint32_t /*param*/, std::string& text,
                    DisplayFormat /*format*/) const override {
@@ -48,7 +53,9 @@ class NoConverter final : public ValueConverter {
     }
 
   protected:
-    HostForm GetHostForm(const TypeDescription& /*type*/) const override { return {}; }
+    [[nodiscard]] HostForm GetHostForm(const TypeDescription& /*type*/) const override {
+        return {};
+    }
 };
 
 }  // namespace
