@@ -1,5 +1,7 @@
 #include "memstruct/memory_structure_store.h"
 
+#include <algorithm>
+
 #include "memstruct/definition_reader.h"
 #include "memstruct/xml_document.h"
 #include "platform/file_system.h"
@@ -7,6 +9,7 @@
 namespace orvell::memstruct {
 
 void MemoryStructureStore::Clear() {
+    areaIndexById_.clear();
     areas_.clear();
     typesByName_.clear();
     types_.clear();
@@ -64,13 +67,21 @@ bool MemoryStructureStore::AddType(TypeDef&& type) {
 }
 
 bool MemoryStructureStore::AddArea(std::uint32_t id, std::string typeName) {
-    return areas_.try_emplace(id, MemoryArea{id, std::move(typeName)}).second;
+    if (areaIndexById_.contains(id)) {
+        return false;
+    }
+    areas_.push_back({id, std::move(typeName)});
+    areaIndexById_.emplace(id, areas_.size() - 1);
+    return true;
 }
 
 void MemoryStructureStore::ResolveReferences() {
     ResolveTypes(types_, typesByName_, converters_);
-    for (auto& [id, area] : areas_) {
+    std::ranges::sort(areas_, {}, &MemoryArea::id);
+    for (std::size_t index = 0; index < areas_.size(); ++index) {
+        MemoryArea& area = areas_[index];
         area.type = FindType(area.typeName);
+        areaIndexById_[area.id] = index;
     }
 }
 
@@ -80,8 +91,8 @@ const TypeDef* MemoryStructureStore::FindType(std::string_view name) const {
 }
 
 const MemoryArea* MemoryStructureStore::FindMemoryArea(std::uint32_t id) const {
-    const auto known = areas_.find(id);
-    return known == areas_.end() ? nullptr : &known->second;
+    const auto known = areaIndexById_.find(id);
+    return known == areaIndexById_.end() ? nullptr : &areas_[known->second];
 }
 
 const TypeDef* MemoryStructureStore::TypeOfArea(std::uint32_t id) const {

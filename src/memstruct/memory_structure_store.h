@@ -2,9 +2,9 @@
 
 #include <cstdint>
 #include <deque>
-#include <map>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "memstruct/reference_resolution.h"
@@ -50,11 +50,13 @@ class MemoryStructureStore {
     /// Appends a type, takes over its items; false, and dropped, when its name exists.
     bool AddType(TypeDef&& type);
 
-    /// Adds an area; false, and dropped, when its ID exists.
+    /// Adds an area; false, and dropped, when its ID exists. Areas may move until references are
+    /// resolved.
     bool AddArea(std::uint32_t id, std::string typeName);
 
     /// Binds element and area types by name and derives sizes, classes and recursion. To be called
-    /// after types or areas have been added; linear in the number of types, elements and areas.
+    /// after types or areas have been added; linear in the number of types,
+    /// elements and areas, but for sorting areas that come out of order.
     void ResolveReferences();
 
     [[nodiscard]] const TypeDef* FindType(std::string_view name) const;
@@ -63,9 +65,9 @@ class MemoryStructureStore {
     /// The area's type; null for an unknown ID or type.
     [[nodiscard]] const TypeDef* TypeOfArea(std::uint32_t id) const;
 
-    /// Types in list order and areas by their IDs.
+    /// Types in list order; areas in ascending order of ID, once references are resolved.
     [[nodiscard]] const std::deque<TypeDef>& Types() const { return types_; }
-    [[nodiscard]] const std::map<std::uint32_t, MemoryArea>& Areas() const { return areas_; }
+    [[nodiscard]] const std::vector<MemoryArea>& Areas() const { return areas_; }
 
     [[nodiscard]] const std::string& GetCurrentPath() const { return currentPath_; }
     void SetCurrentPath(std::string path) { currentPath_ = std::move(path); }
@@ -109,7 +111,8 @@ class MemoryStructureStore {
     std::string currentPath_;
     std::deque<TypeDef> types_;  // grows at both ends and never moves a type
     TypeIndex typesByName_;
-    std::map<std::uint32_t, MemoryArea> areas_;
+    std::vector<MemoryArea> areas_;
+    std::unordered_map<std::uint32_t, std::size_t> areaIndexById_;
 };
 
 }  // namespace orvell::memstruct

@@ -200,9 +200,9 @@ TEST_F(DefinitionReaderTest, ReadsMemoryAreasInAscendingOrderOfId) {
         <Memory Type="A"/><Memory ID="x" Type="A"/><Memory ID="6"/><Memory ID="7" Type=" "/>
         <Other ID="8" Type="A"/><Memory ID="9" Name="A"/>)");
     std::vector<std::uint32_t> ids;
-    for (const auto& [id, area] : store.Areas()) {
-        EXPECT_EQ(area.id, id);
-        ids.push_back(id);
+    for (const memstruct::MemoryArea& area : store.Areas()) {
+        EXPECT_EQ(store.FindMemoryArea(area.id), &area);
+        ids.push_back(area.id);
     }
     EXPECT_EQ(ids, (std::vector<std::uint32_t>{1, 5, 4294967295U}));
     EXPECT_EQ(store.TypeOfArea(5), Type("A"));
@@ -313,9 +313,9 @@ TEST_P(ManyDefinitionsTest, LoadsAHundredThousandOfEachKind) {
     EXPECT_EQ(store.Types().size(), 4 + kCount + 1);
     ASSERT_EQ(store.Areas().size(), kCount);
     std::uint32_t expected = 0;
-    for (const auto& [id, area] : store.Areas()) {
-        ASSERT_EQ(id, ++expected);
-        ASSERT_EQ(area.type, Type("T" + std::to_string(id)));
+    for (const memstruct::MemoryArea& area : store.Areas()) {
+        ASSERT_EQ(area.id, ++expected);
+        ASSERT_EQ(area.type, Type("T" + std::to_string(area.id)));
         ASSERT_NE(area.type, nullptr);
     }
     const auto items = Type("E")->enumItems.Items();

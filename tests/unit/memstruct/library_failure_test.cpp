@@ -50,7 +50,7 @@ class LibraryFailureTest : public MemstructTest, public testing::WithParamInterf
                 EXPECT_EQ(item.type, store.FindType(item.typeName));
             }
         }
-        for (const auto& [id, area] : store.Areas()) {
+        for (const memstruct::MemoryArea& area : store.Areas()) {
             EXPECT_EQ(area.type, store.FindType(area.typeName));
         }
     }
