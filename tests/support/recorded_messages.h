@@ -6,12 +6,19 @@
 
 namespace orvell::test {
 
-/// Keeps the messages that would have been shown.
+/// Keeps the messages that would have been shown, and answers questions.
 class RecordedMessages final : public platform::MessageBoxes {
   public:
     void Show(const platform::Message& message) override { shown.push_back(message); }
 
+    bool Ask(const platform::Message& question) override {
+        asked.push_back(question);
+        return answer;
+    }
+
     std::vector<platform::Message> shown;
+    std::vector<platform::Message> asked;
+    bool answer = false;  ///< true: Yes
 };
 
 }  // namespace orvell::test
