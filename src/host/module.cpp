@@ -25,7 +25,11 @@ Module::Module(const SystemServices& system)
       converters(platform::SystemLocalClock()),
       store(strings, xml, converters),
       configFiles(store, xml),
+      parameters(strings),
+      projectList(parameters, strings),
       app(system, callbacks, strings, xml, store),
-      messageBoxes(system.messageBoxes) {}
+      messageBoxes(system.messageBoxes),
+      registry(system.registry),
+      processes(system.processes) {}
 
 }  // namespace orvell::host

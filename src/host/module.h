@@ -2,11 +2,14 @@
 
 #include <cstdint>
 
+#include "host/call_token_guard.h"
 #include "host/host_callbacks.h"
 #include "host/orvell_app.h"
 #include "memstruct/config_files.h"
 #include "memstruct/memory_structure_store.h"
 #include "memstruct/xml_access_binding.h"
+#include "paramlist/parameter_list.h"
+#include "paramlist/project_list.h"
 #include "resources/string_table.h"
 #include "values/value_converter_set.h"
 
@@ -23,13 +26,20 @@ class Module {
     values::ValueConverterSet converters;
     memstruct::MemoryStructureStore store;
     memstruct::ConfigFiles configFiles;
+    paramlist::ParameterList parameters;
+    paramlist::ProjectList projectList;
     HostCallbacks callbacks;
     OrvellApp app;
     platform::MessageBoxes& messageBoxes;
+    const platform::Registry& registry;
+    platform::ProcessStarter& processes;
 
     /// The last change token that a configuration slot has acted on. The host sends one request to
     /// several modules, or twice, under one token.
     std::uint32_t configCallStamp = 0;
+
+    /// The same for the parameter-management table, which gets its tokens in a call of their own.
+    CallTokenGuard callTokens;
 };
 
 /// The module's state; created at the first use, which is the loading of the DLL.

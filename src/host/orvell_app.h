@@ -10,17 +10,21 @@
 #include "memstruct/xml_access_binding.h"
 #include "platform/library.h"
 #include "platform/message_box.h"
+#include "platform/process_start.h"
+#include "platform/registry.h"
 #include "platform/string_resources.h"
 #include "resources/string_table.h"
 
 namespace orvell::host {
 
-/// What start-up needs of the operating system; tests put their own in its place.
+/// What the module needs of the operating system; tests put their own in its place.
 struct SystemServices {
     platform::LibraryLoader& loader;
     platform::MessageBoxes& messageBoxes;
     std::string (*moduleFileName)(void* instance);
     std::unique_ptr<platform::StringSource> (*openStrings)(void* module);
+    const platform::Registry& registry = platform::SystemRegistry();
+    platform::ProcessStarter& processes = platform::SystemProcessStarter();
 };
 
 /// Binds, at load time and in a fixed order, the services that everything else relies on, and

@@ -45,11 +45,11 @@ void CopySizedTable(void* source, void* destination, bool clear) {
     RestoreSizeWord(source, sourceSize);
 }
 
-void DropCutWord(void* record, std::uint32_t senderSize, std::uint32_t wholeWordBytes) {
-    const std::uint32_t cut = senderSize % kWordBytes;
-    const std::uint32_t word = senderSize - cut;
-    if (cut != 0 && word >= kWordBytes && word < wholeWordBytes) {
-        std::memset(static_cast<unsigned char*>(record) + word, 0, kWordBytes);
+void DropCutPointer(void* record, std::uint32_t senderSize, std::span<const std::size_t> offsets) {
+    for (const std::size_t offset : offsets) {
+        if (senderSize > offset && senderSize < offset + sizeof(void*)) {
+            std::memset(static_cast<unsigned char*>(record) + offset, 0, sizeof(void*));
+        }
     }
 }
 

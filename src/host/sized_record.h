@@ -1,6 +1,9 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <span>
 
 #include "orvell/orvell.h"
 
@@ -17,33 +20,37 @@ void CopySizedTable(void* source, void* destination, bool clear);
 /// As above, but leaves the source as it is.
 void CopySizedTable(const void* source, void* destination, bool clear);
 
-/// Bytes at the end of a record that are not a 32-bit word but single bytes.
+/// Places of a record's pointers, in bytes from its start.
 template <typename Record>
-inline constexpr std::uint32_t kTrailingBytes = 0;
+inline constexpr std::array<std::size_t, 0> kPointerOffsets{};
 template <>
-inline constexpr std::uint32_t kTrailingBytes<ParameterRecord> = 4;
+inline constexpr std::array kPointerOffsets<HostExportTable>{
+    offsetof(HostExportTable, MessagePageLookup), offsetof(HostExportTable, MessagePageAppend),
+    offsetof(HostExportTable, reserved3), offsetof(HostExportTable, reserved4)};
 template <>
-inline constexpr std::uint32_t kTrailingBytes<DialogParameterRecord> = 4;
+inline constexpr std::array kPointerOffsets<ParameterRecord>{offsetof(ParameterRecord, bytes)};
+template <>
+inline constexpr std::array kPointerOffsets<ConfigurationRecord>{
+    offsetof(ConfigurationRecord, owner), offsetof(ConfigurationRecord, path)};
+template <>
+inline constexpr std::array kPointerOffsets<TypeInformationRecord>{
+    offsetof(TypeInformationRecord, name), offsetof(TypeInformationRecord, baseTypeName)};
+template <>
+inline constexpr std::array kPointerOffsets<ElementRecord>{offsetof(ElementRecord, name),
+                                                           offsetof(ElementRecord, typeName)};
 
-/// A record of ours, all zero but for its size word.
-template <typename Record>
-[[nodiscard]] Record EmptyRecord() {
-    Record record{};
-    record.size = sizeof(Record);
-    return record;
-}
+/// Zeroes the pointer that the sender's size cuts in two, if any: half a pointer is none.
+void DropCutPointer(void* record, std::uint32_t senderSize, std::span<const std::size_t> offsets);
 
-/// A word that the sender's size cuts in two counts as missing: half a pointer is none.
-void DropCutWord(void* record, std::uint32_t senderSize, std::uint32_t wholeWordBytes);
-
-/// Our own copy of a host's record, as far as the host's size reaches; the rest and a null record
-/// count as zero.
+/// A copy of the host's record that is our own, as far as the host's size reaches; the rest and a
+/// null record count as zero.
 template <typename Record>
 [[nodiscard]] Record ReadRecord(const Record* hostRecord) {
-    Record record = EmptyRecord<Record>();
+    Record record{};
+    record.size = sizeof(Record);
     CopySizedTable(static_cast<const void*>(hostRecord), &record, false);
     if (hostRecord != nullptr) {
-        DropCutWord(&record, hostRecord->size, sizeof(Record) - kTrailingBytes<Record>);
+        DropCutPointer(&record, hostRecord->size, kPointerOffsets<Record>);
     }
     return record;
 }
@@ -51,11 +58,9 @@ template <typename Record>
 /// As `ReadRecord`, but empties the host's record: what it owned is ours now.
 template <typename Record>
 [[nodiscard]] Record TakeRecord(Record* hostRecord) {
-    Record record = EmptyRecord<Record>();
-    CopySizedTable(static_cast<void*>(hostRecord), &record, false);
-    if (hostRecord != nullptr) {
-        DropCutWord(&record, hostRecord->size, sizeof(Record) - kTrailingBytes<Record>);
-    }
+    const Record record = ReadRecord(hostRecord);
+    Record emptied = record;
+    CopySizedTable(static_cast<void*>(hostRecord), &emptied, false);
     return record;
 }
 

@@ -43,7 +43,7 @@ class LentBuffer {
 }  // namespace
 
 std::string ZelkorToolPath(std::string_view modulePath) {
-    const std::size_t end = modulePath.find_last_of("\\/:");
+    const std::size_t end = modulePath.find_last_of("\\:");
     if (end == std::string_view::npos) {
         return std::string(".\\") + kLibraryName;
     }
