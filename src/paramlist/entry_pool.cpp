@@ -37,6 +37,9 @@ void EntryPool::Release(ParameterEntry& entry) noexcept {
     if (slab.used == 0) {
         Exchange(slab.place, slabs_.size() - 1);
         slabs_.pop_back();
+        if (slabs_.empty()) {
+            Clear();
+        }
     }
 }
 

@@ -13,6 +13,10 @@ constexpr unsigned kHashBits = 32;
 constexpr std::uint32_t kNumbersPerBucket = 8;
 constexpr std::size_t kSmallestSlotCount = 16;  // at least a bucket's
 
+// An update cycle that moves all parameters holds each of them twice for a while: a table that has
+// grown for it is not made smaller, only to grow again in the next cycle.
+constexpr std::size_t kSlotsToKeep = 4;
+
 // Up to this many numbers for each entry it is cheaper to look for every number than to sort.
 constexpr std::uint32_t kWidestGap = 8;
 
@@ -111,13 +115,13 @@ void EntryTable::Resize(std::size_t slotCount) {
     LinkRings(chain);
 }
 
-void EntryTable::ShrinkToFit() noexcept {
+void EntryTable::ShrinkIfSparse() noexcept {
     if (entryCount_ == 0) {
         Clear();
         return;
     }
     const std::size_t slotCount = std::max(std::bit_ceil(entryCount_), kSmallestSlotCount);
-    if (slotCount >= slots_.size()) {
+    if (slotCount > slots_.size() / kSlotsToKeep) {
         return;
     }
     ParameterEntry* const chain = UnlinkRings();

@@ -61,7 +61,7 @@ class EntryTable {
                            const ParameterEntry& first);
     [[nodiscard]] std::vector<NumberedRing> SortedRings() const;
     void Resize(std::size_t slotCount);
-    void ShrinkToFit() noexcept;
+    void ShrinkIfSparse() noexcept;
     ParameterEntry* UnlinkRings() noexcept;
     void LinkRings(ParameterEntry* chain) noexcept;
     void ExtendRange(std::uint32_t number);
@@ -90,7 +90,7 @@ void EntryTable::RemoveIf(const IsUnwanted& isUnwanted, const Release& release) 
             *link = nextRing;
         }
     }
-    ShrinkToFit();
+    ShrinkIfSparse();
 }
 
 template <typename IsUnwanted, typename Release>
