@@ -24,16 +24,22 @@ void ShowMessage(const ConfigurationRecord& record, const std::string& text) {
                               .topMost = record.owner == nullptr});
 }
 
+/// The operation's outcome; one that runs out of memory has failed.
+template <typename Operation>
+ConfigOutcome OutcomeOf(const Operation& operation) noexcept {
+    return Guarded(ConfigOutcome::Failed, [&] { return operation(TheModule().configFiles); });
+}
+
 /// Runs `operation` unless the token has been acted on already. The token is remembered before the
 /// outcome is reported: a message box lets the host's own messages through, and with them the same
 /// request again.
 template <typename Operation, typename Report>
-void OncePerToken(std::uint32_t token, Operation&& operation, Report&& report) {
+void OncePerToken(std::uint32_t token, const Operation& operation, const Report& report) {
     Module& module = TheModule();
     if (token == module.configCallStamp) {
         return;
     }
-    const ConfigOutcome outcome = operation(module.configFiles);
+    const ConfigOutcome outcome = OutcomeOf(operation);
     module.configCallStamp = token;
     if (outcome != ConfigOutcome::Done) {
         report(outcome);

@@ -4,7 +4,6 @@
 #include "host/standard_parameter_slots.h"
 #include "orvell/orvell.h"
 
-using orvell::host::CopySizedTable;
 using orvell::host::Guarded;
 
 extern "C" int32_t ORVELL_CALL SetZelkorExportFctns(HostExportTable* table) {
@@ -17,6 +16,6 @@ extern "C" int32_t ORVELL_CALL GetStdParaFctns(void* table) {
         return 0;
     }
     StdParaFunctionTable own = orvell::host::MakeStdParaFunctionTable();
-    CopySizedTable(static_cast<void*>(&own), table, true);
+    orvell::host::HandOverTable(&own, table);
     return 1;
 }

@@ -45,6 +45,12 @@ void CopySizedTable(void* source, void* destination, bool clear) {
     RestoreSizeWord(source, sourceSize);
 }
 
+void HandOverTable(void* ownTable, void* hostTable) {
+    const std::uint32_t wholeSlots = SizeWord(hostTable) / kWordBytes * kWordBytes;
+    RestoreSizeWord(ownTable, std::min(SizeWord(ownTable), wholeSlots));
+    CopySizedTable(ownTable, hostTable, true);
+}
+
 void DropCutPointer(void* record, std::uint32_t senderSize, std::span<const std::size_t> offsets) {
     for (const std::size_t offset : offsets) {
         if (senderSize > offset && senderSize < offset + sizeof(void*)) {

@@ -20,6 +20,10 @@ void CopySizedTable(void* source, void* destination, bool clear);
 /// As above, but leaves the source as it is.
 void CopySizedTable(const void* source, void* destination, bool clear);
 
+/// Fills the host's table, as many bytes as its first word says, with the slots of ours: those that
+/// fit whole, zeros behind them. Our table is emptied by it.
+void HandOverTable(void* ownTable, void* hostTable);
+
 /// Places of a record's pointers, in bytes from its start.
 template <typename Record>
 inline constexpr std::array<std::size_t, 0> kPointerOffsets{};

@@ -38,9 +38,18 @@ void MemoryStructureStore::AddImplicitTypes() {
 
 bool MemoryStructureStore::LoadStructFile(std::string path) {
     Clear();
-    AddImplicitTypes();
     currentPath_.clear();
+    try {
+        return ReadStructFile(std::move(path));
+    } catch (...) {
+        Clear();
+        currentPath_.clear();
+        throw;
+    }
+}
 
+bool MemoryStructureStore::ReadStructFile(std::string path) {
+    AddImplicitTypes();
     XmlDocument document(xml_);
     bool isReadable = true;
     if (platform::FileExists(path)) {
@@ -67,11 +76,10 @@ bool MemoryStructureStore::AddType(TypeDef&& type) {
 }
 
 bool MemoryStructureStore::AddArea(std::uint32_t id, std::string typeName) {
-    if (areaIndexById_.contains(id)) {
+    if (!areaIndexById_.try_emplace(id, areas_.size()).second) {
         return false;
     }
     areas_.push_back({id, std::move(typeName)});
-    areaIndexById_.emplace(id, areas_.size() - 1);
     return true;
 }
 

@@ -44,7 +44,8 @@ class MemoryStructureStore {
     /// Replaces the definitions by those of the file, or by those of the default file when it does
     /// not exist. Without either the store holds the implicit types only. `currentPath` becomes
     /// `path` when that file was read and empty otherwise.
-    /// False when a file exists but cannot be read as XML.
+    /// False when a file exists but cannot be read as XML. An exception (out of memory) leaves the
+    /// store and `currentPath` empty.
     [[nodiscard]] bool LoadStructFile(std::string path);
 
     /// Appends a type, takes over its items; false, and dropped, when its name exists.
@@ -104,6 +105,18 @@ class MemoryStructureStore {
                        std::vector<NamedText>& out) const;
 
   private:
+    /// IDs stand in a file, often at regular distances; mixed, they do not share buckets.
+    /// (The finalizer of MurmurHash3 by A. Appleby, public domain.)
+    struct MixedHash {
+        std::size_t operator()(std::uint32_t id) const {
+            id = (id ^ (id >> 16)) * 0x85EBCA6BU;
+            id = (id ^ (id >> 13)) * 0xC2B2AE35U;
+            return id ^ (id >> 16);
+        }
+    };
+
+    [[nodiscard]] bool ReadStructFile(std::string path);
+
     const resources::StringTable& strings_;
     const XmlAccessBinding& xml_;
     const values::ValueConverterSet& converters_;
@@ -112,7 +125,7 @@ class MemoryStructureStore {
     std::deque<TypeDef> types_;  // grows at both ends and never moves a type
     TypeIndex typesByName_;
     std::vector<MemoryArea> areas_;
-    std::unordered_map<std::uint32_t, std::size_t> areaIndexById_;
+    std::unordered_map<std::uint32_t, std::size_t, MixedHash> areaIndexById_;
 };
 
 }  // namespace orvell::memstruct

@@ -8,12 +8,11 @@ void StringTable::UseSource(const platform::StringSource& source) {
 }
 
 const std::string& StringTable::Text(StringId id) const {
-    static const std::string missing;
     auto known = texts_.find(id);
     if (known == texts_.end()) {
         known = texts_.emplace(id, source_->Load(static_cast<std::uint32_t>(id))).first;
     }
-    return known->second.empty() ? missing : known->second;
+    return known->second;
 }
 
 }  // namespace orvell::resources

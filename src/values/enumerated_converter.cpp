@@ -70,7 +70,7 @@ bool EnumeratedConverter::Normalize(std::uint32_t /*param*/, std::string& /*text
 }
 
 HostForm EnumeratedConverter::GetHostForm(const TypeDescription& type) const {
-    return HostFormOfInteger(GetSize(type), ParameterKind::EnumeratedByte);
+    return HostFormOfInteger(GetSize(type), ParameterKind::EnumeratedByte, false);
 }
 
 }  // namespace orvell::values

@@ -76,7 +76,8 @@ bool IntegerConverter::Normalize(std::uint32_t param, std::string& text,
 }
 
 HostForm IntegerConverter::GetHostForm(const TypeDescription& type) const {
-    return HostFormOfInteger(GetSize(type), ParameterKind::IntegerByte);
+    return HostFormOfInteger(GetSize(type), ParameterKind::IntegerByte,
+                             ShowsSign(DisplayFormat::Default));
 }
 
 void IntegerConverter::AppendInteger(std::string& text, std::uint64_t value, std::uint32_t width,

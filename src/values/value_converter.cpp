@@ -21,8 +21,8 @@ bool ValueConverter::ImportText(const TypeDescription& type, std::string_view te
 bool ValueConverter::PutToHost(const TypeDescription& type, std::uint32_t first,
                                std::uint32_t second, ConstValueBuffer buffer,
                                const OnlineAccessRecord& host) const {
-    return HasRoom(type, buffer) && PutValue(GetHostForm(type).entry, first, second,
-                                             buffer.first(GetSize(type)), host.setters);
+    return HasRoom(type, buffer) &&
+           PutValue(GetHostForm(type), first, second, buffer.first(GetSize(type)), host.setters);
 }
 
 bool ValueConverter::GetFromHost(const TypeDescription& type, std::uint32_t first,
@@ -35,7 +35,7 @@ bool ValueConverter::GetFromHost(const TypeDescription& type, std::uint32_t firs
 bool ValueConverter::PutToHostAlt(const TypeDescription& type, std::uint32_t first,
                                   std::uint32_t second, ConstValueBuffer buffer,
                                   const OnlineAccessRecord& host) const {
-    return HasRoom(type, buffer) && PutValue(GetHostForm(type).entry, first, second,
+    return HasRoom(type, buffer) && PutValue(GetHostForm(type), first, second,
                                              buffer.first(GetSize(type)), host.alternative);
 }
 
@@ -43,7 +43,7 @@ bool ValueConverter::PutRawToHost(const TypeDescription& type, std::uint32_t fir
                                   std::uint32_t second, ValueBuffer buffer,
                                   const FillRecord& host) const {
     const std::size_t byteCount = std::min<std::size_t>(buffer.size(), GetSize(type));
-    if (buffer.data() == nullptr || byteCount == 0 || host.Put == nullptr) {
+    if (buffer.data() == nullptr || host.Put == nullptr) {
         return false;
     }
     return host.Put(first, second, buffer.data(), static_cast<std::uint32_t>(byteCount),

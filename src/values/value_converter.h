@@ -65,7 +65,7 @@ class ValueConverter {
                               const OnlineAccessRecord& host) const;
 
     /// Hands the host the first min(buffer size, width) bytes with the type's parameter-kind
-    /// number; the host may fill them. False for an empty buffer or without a host function.
+    /// number; the host may fill them. False for a null buffer or without a host function.
     virtual bool PutRawToHost(const TypeDescription& type, std::uint32_t first,
                               std::uint32_t second, ValueBuffer buffer,
                               const FillRecord& host) const;

@@ -42,6 +42,12 @@ class NoConverter final : public ValueConverter {
         return false;
     }
 
+    bool PutRawToHost(const TypeDescription& /*type*/, std::uint32_t /*first*/,
+                      std::uint32_t /*second*/, ValueBuffer /*buffer*/,
+                      const FillRecord& /*host*/) const override {
+        return false;
+    }
+
     [[nodiscard]] std::uint32_t NormalizeParam(const TypeDescription& /*type*/) const override {
         return 0;
     }

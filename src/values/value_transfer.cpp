@@ -38,6 +38,19 @@ bool GetNumber(Getter<Number> getter, std::uint32_t first, std::uint32_t second,
     return true;
 }
 
+/// Every argument travels in a word of its own, and a host of another compiler may look at the
+/// whole of it: its upper bits continue the number.
+template <typename Number>
+bool PutShortNumber(Setter<Number> setter, std::uint32_t first, std::uint32_t second,
+                    ConstValueBuffer value, bool isSigned) {
+    const std::uint64_t number = LoadInteger(value, sizeof(Number));
+    const auto word = static_cast<std::uint32_t>(
+        isSigned ? static_cast<std::uint64_t>(SignExtend(number, sizeof(Number))) : number);
+    const auto wordSetter =
+        reinterpret_cast<Setter<std::uint32_t>>(reinterpret_cast<void*>(setter));
+    return wordSetter != nullptr && wordSetter(first, second, word) != 0;
+}
+
 bool PutText(Setter<const char*> setter, std::uint32_t first, std::uint32_t second,
              ConstValueBuffer value) {
     if (setter == nullptr) {
@@ -64,26 +77,26 @@ bool GetText(decltype(OnlineGetters::GetText) getter, std::uint32_t first, std::
 
 }  // namespace
 
-HostForm HostFormOfInteger(std::uint32_t width, ParameterKind byteKind) {
+HostForm HostFormOfInteger(std::uint32_t width, ParameterKind byteKind, bool isSigned) {
     switch (width) {
         case 1:
-            return {HostEntry::Byte, byteKind};
+            return {HostEntry::Byte, byteKind, isSigned};
         case 2:
-            return {HostEntry::Word, ParameterKind::Word};
+            return {HostEntry::Word, ParameterKind::Word, isSigned};
         case 4:
-            return {HostEntry::Long, ParameterKind::Long};
+            return {HostEntry::Long, ParameterKind::Long, isSigned};
         default:
-            return {HostEntry::Qword, ParameterKind::Qword};
+            return {HostEntry::Qword, ParameterKind::Qword, isSigned};
     }
 }
 
-bool PutValue(HostEntry entry, std::uint32_t first, std::uint32_t second, ConstValueBuffer value,
-              const OnlineSetters& setters) {
-    switch (entry) {
+bool PutValue(const HostForm& form, std::uint32_t first, std::uint32_t second,
+              ConstValueBuffer value, const OnlineSetters& setters) {
+    switch (form.entry) {
         case HostEntry::Byte:
-            return PutNumber<std::uint8_t>(setters.Put8, first, second, value);
+            return PutShortNumber(setters.Put8, first, second, value, form.isSigned);
         case HostEntry::Word:
-            return PutNumber<std::uint16_t>(setters.Put16, first, second, value);
+            return PutShortNumber(setters.Put16, first, second, value, form.isSigned);
         case HostEntry::Long:
             return PutNumber<std::uint32_t>(setters.Put32, first, second, value);
         case HostEntry::Qword:

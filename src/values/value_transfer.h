@@ -28,15 +28,17 @@ enum class ParameterKind : std::uint32_t {
 struct HostForm {
     HostEntry entry;
     ParameterKind kind;
+    bool isSigned = false;  ///< bytes and words are sign-extended to the word that carries them
 };
 
 /// The form of an integer of 1, 2, 4 or 8 bytes; `byteKind` is the kind of one byte.
-[[nodiscard]] HostForm HostFormOfInteger(std::uint32_t width, ParameterKind byteKind);
+[[nodiscard]] HostForm HostFormOfInteger(std::uint32_t width, ParameterKind byteKind,
+                                         bool isSigned);
 
 /// Hands `value`, which is exactly one stored value, to the setter of its width. A text reaches the
 /// host up to its first NUL, at most one byte less than the value is wide. False when the host has
 /// no such setter or it fails.
-[[nodiscard]] bool PutValue(HostEntry entry, std::uint32_t first, std::uint32_t second,
+[[nodiscard]] bool PutValue(const HostForm& form, std::uint32_t first, std::uint32_t second,
                             ConstValueBuffer value, const OnlineSetters& setters);
 
 /// Fetches one value through the getter of its width; a text is NUL-padded to the width of `value`.

@@ -12,7 +12,7 @@
 namespace orvell::test {
 namespace {
 
-/// The headers of a loaded library (Microsoft's PE and COFF specification).
+/// The headers of a loaded library (Microsoft's PE format).
 class Image {
   public:
     explicit Image(HMODULE module) : base_(reinterpret_cast<const char*>(module)) {}

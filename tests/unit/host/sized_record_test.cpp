@@ -101,13 +101,18 @@ TEST(ReadRecord, EverySizeIsReadAsFarAsItReaches) {
         alignas(4) auto host = HostRecord(size);
         const ParameterRecord record = ReadRecord(AsRecord(host.data()));
         EXPECT_EQ(record.size, sizeof(ParameterRecord));
-        EXPECT_EQ(record.identifier != 0, size >= 8) << size;
-        EXPECT_EQ(record.count != 0, size >= 12) << size;
-        EXPECT_EQ(record.length != 0, size >= 16) << size;
+        EXPECT_EQ(record.identifier != 0, size >= 5) << size;
+        EXPECT_EQ(record.count != 0, size >= 9) << size;
+        EXPECT_EQ(record.length != 0, size >= 13) << size;
         EXPECT_EQ(record.bytes != nullptr, size >= 20) << "half a pointer is none: " << size;
-        EXPECT_EQ(record.attribute != 0, size >= 24) << size;
-        EXPECT_EQ(record.format != 0, size >= 25) << "a single byte is whole: " << size;
+        EXPECT_EQ(record.attribute != 0, size >= 21) << size;
+        EXPECT_EQ(record.format != 0, size >= 25) << size;
     }
+}
+
+TEST(ReadRecord, HalfANumberIsItsLowBytes) {
+    alignas(4) auto host = HostRecord(22);
+    EXPECT_EQ(ReadRecord(AsRecord(host.data())).attribute, 0xEEEE);
 }
 
 TEST(ReadRecord, ACutPointerAtTheEndOfARecordIsNone) {
@@ -115,6 +120,26 @@ TEST(ReadRecord, ACutPointerAtTheEndOfARecordIsNone) {
     const auto record = ReadRecord(reinterpret_cast<const ConfigurationRecord*>(host.data()));
     EXPECT_NE(record.owner, nullptr);
     EXPECT_EQ(record.path, nullptr);
+}
+
+TEST(HandOverTable, GivesWholeSlotsOnly) {
+    for (std::uint32_t size = 0; size <= 20; ++size) {
+        Words own{16, 0x11111111, 0x22222222, 0x33333333};
+        Words host{size, 0xCCCCCCCC, 0xCCCCCCCC, 0xCCCCCCCC, 0xCCCCCCCC, 0xCCCCCCCC};
+        HandOverTable(own.data(), host.data());
+        EXPECT_EQ(host[0], size);
+        for (std::uint32_t word = 1; word < host.size(); ++word) {
+            const std::uint32_t end = (word + 1) * 4;
+            const bool isSlot = word < own.size();
+            if (end <= size) {
+                EXPECT_EQ(host[word], isSlot ? word * 0x11111111 : 0) << size;
+            } else if (size <= end - 4) {
+                EXPECT_EQ(host[word], 0xCCCCCCCC) << "nothing behind the table: " << size;
+            } else {
+                EXPECT_EQ(host[word] & 0xFF, 0U) << "no part of a slot: " << size;
+            }
+        }
+    }
 }
 
 TEST(TakeRecord, EmptiesTheHostsRecord) {

@@ -279,6 +279,48 @@ TEST_F(SlotsTest, WithoutAnyFileOnlyTheImplicitTypesRemain) {
     EXPECT_EQ(currentModule->store.Types().size(), 4U);
 }
 
+/// A host whose message loop, running while the box is open, sends the request once more.
+class RepeatedRequest final : public platform::MessageBoxes {
+  public:
+    void Show(const platform::Message&) override {
+        ++shown;
+        if (shown < 3) {
+            slots::LoadStdMemConfig(nullptr, 1);
+        }
+    }
+
+    bool Ask(const platform::Message&) override { return false; }
+
+    int shown = 0;
+};
+
+TEST_F(SlotsTest, ARequestThatComesAgainWhileItsMessageIsOpenDoesNothing) {
+    RepeatedRequest boxes;
+    const SystemServices services{loader, boxes, TestServices().moduleFileName,
+                                  TestServices().openStrings};
+    currentModule = std::make_unique<Module>(services);
+    slots::LoadStdMemConfig(nullptr, 1);
+    EXPECT_EQ(boxes.shown, 1);
+}
+
+/// A string table that runs out of memory.
+class NoMemory final : public platform::StringSource {
+  public:
+    std::string Load(std::uint32_t) const override { throw std::bad_alloc(); }
+};
+
+TEST_F(SlotsTest, ALoadThatRunsOutOfMemoryLeavesNothingHalfDone) {
+    const NoMemory noMemory;
+    currentModule->strings.UseSource(noMemory);
+    currentModule->store.SetCurrentPath("C:\\OLD.STDMEMXML");
+    ConfigurationRecord record{sizeof(ConfigurationRecord), nullptr, "nowhere\\none.prj"};
+    slots::LoadStdMemConfig(&record, 1);
+    EXPECT_TRUE(currentModule->store.Types().empty());
+    EXPECT_TRUE(currentModule->store.Areas().empty());
+    EXPECT_EQ(currentModule->store.GetCurrentPath(), "");
+    EXPECT_EQ(currentModule->configCallStamp, 1U);
+}
+
 TEST_F(SlotsTest, TheSameTokenActsOnceAcrossAllSlots) {
     slots::LoadStdMemConfig(nullptr, 0);
     EXPECT_TRUE(messages.shown.empty()) << "0 is the token remembered at the start";

@@ -21,6 +21,7 @@ TEST(ZelkorToolPath, LiesBesideTheModule) {
 TEST(ZelkorToolPath, IsRelativeWithoutAFolder) {
     EXPECT_EQ(ZelkorToolPath("ORVELL.DLL"), ".\\ZELKORTOOL.DLL");
     EXPECT_EQ(ZelkorToolPath(""), ".\\ZELKORTOOL.DLL");
+    EXPECT_EQ(ZelkorToolPath("bin/ORVELL.DLL"), ".\\ZELKORTOOL.DLL") << "a slash separates nothing";
 }
 
 class ZelkorToolBindingTest : public testing::Test {

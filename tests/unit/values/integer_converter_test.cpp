@@ -165,5 +165,37 @@ TEST_F(IntegerConverterTest, EveryByteReadsBackInEveryFormat) {
     }
 }
 
+std::uint32_t lastWord = 0;
+
+/// What a host sees that looks at the whole word which carries the argument.
+std::int32_t ORVELL_CALL PutWholeWord(std::uint32_t, std::uint32_t, std::uint32_t word) {
+    lastWord = word;
+    return 1;
+}
+
+template <typename Setter>
+void SetWholeWordSetter(Setter& setter) {
+    setter = reinterpret_cast<Setter>(reinterpret_cast<void*>(PutWholeWord));
+}
+
+TEST_F(IntegerConverterTest, ShortNumbersContinueInTheWordThatCarriesThem) {
+    OnlineAccessRecord host = {};
+    SetWholeWordSetter(host.setters.Put8);
+    SetWholeWordSetter(host.setters.Put16);
+    const TypeDescription kEnumerated[] = {{BaseTypeCode::Enumerated, 1},
+                                           {BaseTypeCode::Enumerated, 2}};
+    for (const std::uint32_t width : {1U, 2U}) {
+        const Bytes bytes = IntegerBytes(0xFFFFFFFE, width);
+        EXPECT_TRUE(converters_.PutToHost(Int(width), 0, 0, bytes, host));
+        EXPECT_EQ(lastWord, 0xFFFFFFFE) << width;
+        EXPECT_TRUE(converters_.PutToHost(UInt(width), 0, 0, bytes, host));
+        EXPECT_EQ(lastWord, width == 1 ? 0xFEU : 0xFFFEU);
+        EXPECT_TRUE(converters_.PutToHost(kEnumerated[width - 1], 0, 0, bytes, host));
+        EXPECT_EQ(lastWord, width == 1 ? 0xFEU : 0xFFFEU);
+        EXPECT_TRUE(converters_.PutToHost(Int(width), 0, 0, IntegerBytes(0x7F, width), host));
+        EXPECT_EQ(lastWord, 0x7FU);
+    }
+}
+
 }  // namespace
 }  // namespace orvell::values
