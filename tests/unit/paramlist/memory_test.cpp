@@ -140,16 +140,16 @@ TEST_F(MemoryTest, PurgeGivesMemoryBack) {
 
 TEST_F(MemoryTest, UpdateCyclesLeaveNothingBehind) {
     constexpr std::uint32_t kCount = 5000;
-    std::size_t takenByFirst = 0;
-    for (std::uint32_t cycle = 0; cycle < 6; ++cycle) {
+    std::size_t takenInSecond = 0;  // the first begins without entries that move
+    for (std::uint32_t cycle = 0; cycle < 8; ++cycle) {
         kind_.SetFlags(kDeclaredMark, false);
         for (std::uint32_t number = 1; number <= kCount; ++number) {
             EXPECT_TRUE(kind_.Declare(number + cycle, number + cycle + 1));
         }
         kind_.Purge(kDeclaredMark);
         EXPECT_EQ(kind_.EntryCount(), kCount);
-        takenByFirst = cycle == 0 ? Taken() : takenByFirst;
-        EXPECT_LE(Taken(), takenByFirst + takenByFirst / 10);
+        takenInSecond = cycle <= 1 ? Taken() : takenInSecond;
+        EXPECT_LE(Taken(), takenInSecond + takenInSecond / 100);
     }
 }
 

@@ -102,6 +102,15 @@ TEST(ReadClock, NumbersWrapModuloTwoToThe32) {
     EXPECT_EQ(MillisecondClock("0:0:0,4294967301"), "0:0:0,5");
 }
 
+TEST(ReadClockAndEnd, TellsWhereTheClockEnds) {
+    EXPECT_EQ(ReadClockAndEnd("12:30", 0)->end, 5U);
+    EXPECT_EQ(ReadClockAndEnd("12:30:15 x", 0)->end, 8U);
+    EXPECT_EQ(ReadClockAndEnd("12:30x", 0)->end, 5U);
+    EXPECT_EQ(ReadClockAndEnd("1.1.70 2:3 ", 6)->end, 11U);
+    EXPECT_EQ(ReadClockAndEnd("1.1.70 2:3", 6)->clock.minutes, 3U);
+    EXPECT_FALSE(ReadClockAndEnd("12:", 0).has_value());
+}
+
 TEST(ReadClockWithMilliseconds, IsAcceptedFromTheMinutesOn) {
     EXPECT_EQ(MillisecondClock(""), "rejected");              // state 0
     EXPECT_EQ(MillisecondClock("7"), "rejected");             // state 1

@@ -173,5 +173,21 @@ TEST(AppendGeneral, NamesWhatIsNoNumber) {
     EXPECT_EQ(General(-std::numeric_limits<double>::quiet_NaN(), 7), "nan");
 }
 
+TEST(AppendFixed, PrintsLikeTheConversionF) {
+    const auto fixed = [](double value, int decimals) {
+        std::string text = ">";
+        AppendFixed(text, value, decimals);
+        return text;
+    };
+    EXPECT_EQ(fixed(2.96, 1), ">3.0");
+    EXPECT_EQ(fixed(1.95, 1), ">1.9");  // the double below
+    EXPECT_EQ(fixed(0.25, 1), ">0.2");
+    EXPECT_EQ(fixed(-0.04, 1), ">-0.0");
+    EXPECT_EQ(fixed(1234567.0, 3), ">1234567.000");
+    EXPECT_EQ(fixed(-std::numeric_limits<double>::max(), 3).size(), 315U);
+    EXPECT_EQ(fixed(-kInfinity, 1), ">-inf");
+    EXPECT_EQ(fixed(std::numeric_limits<double>::quiet_NaN(), 1), ">nan");
+}
+
 }  // namespace
 }  // namespace orvell::values
