@@ -149,7 +149,7 @@ TEST_F(MemoryTest, UpdateCyclesLeaveNothingBehind) {
         kind_.Purge(kDeclaredMark);
         EXPECT_EQ(kind_.EntryCount(), kCount);
         takenInSecond = cycle <= 1 ? Taken() : takenInSecond;
-        EXPECT_LE(Taken(), takenInSecond + takenInSecond / 100);
+        EXPECT_LE(Taken(), takenInSecond + takenInSecond / 10);
     }
 }
 
