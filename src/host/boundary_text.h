@@ -1,8 +1,6 @@
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <optional>
 #include <string_view>
 
@@ -21,12 +19,9 @@ namespace orvell::host {
 /// Writes the text, cut to `size` - 1 bytes, and a closing NUL into a host's buffer of `size`
 /// bytes; nothing when there is no buffer or its size is 0.
 inline void CopyCut(std::string_view text, char* buffer, std::uint32_t size) {
-    if (buffer == nullptr || size == 0) {
-        return;
+    if (buffer != nullptr && size != 0) {
+        buffer[text.copy(buffer, size - 1)] = '\0';
     }
-    const std::size_t length = std::min<std::size_t>(text.size(), size - 1);
-    std::memcpy(buffer, text.data(), length);
-    buffer[length] = '\0';
 }
 
 }  // namespace orvell::host

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "platform/message_box.h"
@@ -9,7 +10,12 @@ namespace orvell::test {
 /// Keeps the messages that would have been shown, and answers questions.
 class RecordedMessages final : public platform::MessageBoxes {
   public:
-    void Show(const platform::Message& message) override { shown.push_back(message); }
+    void Show(const platform::Message& message) override {
+        shown.push_back(message);
+        if (whileOpen) {
+            whileOpen();
+        }
+    }
 
     bool Ask(const platform::Message& question) override {
         asked.push_back(question);
@@ -18,7 +24,8 @@ class RecordedMessages final : public platform::MessageBoxes {
 
     std::vector<platform::Message> shown;
     std::vector<platform::Message> asked;
-    bool answer = false;  ///< true: Yes
+    bool answer = false;              ///< true: Yes
+    std::function<void()> whileOpen;  ///< what the host's message loop does meanwhile
 };
 
 }  // namespace orvell::test
