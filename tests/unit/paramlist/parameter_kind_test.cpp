@@ -109,7 +109,6 @@ TEST_F(ParameterKindTest, HoldsNumbersFarApart) {
 }
 
 TEST_F(ParameterKindTest, OrdersDenseListsUpToTheLargestNumber) {
-    std::vector<std::uint32_t> numbers;
     for (std::uint32_t back = 0; back < 100; ++back) {
         Add(kLargestNumber - back, "x");
     }
@@ -256,6 +255,24 @@ TEST_F(ParameterKindTest, GivesEmptyEntriesAgainAfterPurge) {
     }
     EXPECT_EQ(kind_.EntryCount(), 1500U);
     EXPECT_EQ(kind_.Find(999)->Value().LoadText(), "an old text that is not short");
+}
+
+TEST_F(ParameterKindTest, LosesNothingWhenTheYoungestOfEachNumberGo) {
+    constexpr std::uint32_t kNumbers = 3000;
+    for (const std::string_view name : {"oldest", "middle", "youngest"}) {
+        for (std::uint32_t number = 1; number <= kNumbers; ++number) {
+            Add(number, name);
+        }
+    }
+    for (std::uint32_t number = 1; number <= kNumbers; ++number) {
+        Mark(number);
+    }
+    kind_.Purge(kDeclaredMark);
+    EXPECT_EQ(kind_.EntryCount(), kNumbers);
+    for (std::uint32_t number = 1; number <= kNumbers; ++number) {
+        ASSERT_NE(kind_.Find(number), nullptr) << number;
+        ASSERT_EQ(kind_.Find(number)->Name(), "oldest");
+    }
 }
 
 TEST_F(ParameterKindTest, FindsManyNumbersWhateverTheirPattern) {
