@@ -72,11 +72,6 @@ TEST_F(FunctionTableTest, EveryHandOverGivesTheSameTable) {
     EXPECT_EQ(HandOver(104), HandOver(104));
 }
 
-TEST_F(FunctionTableTest, TheManagementTableIsNotOfferedYet) {
-    std::uint32_t table[18] = {sizeof(table)};
-    EXPECT_EQ(module->Export<decltype(&GetParaMGMTFunc)>("GetParaMGMTFunc")(table), 0);
-}
-
 TEST_F(FunctionTableTest, CallbackTablesOfAnySizeAreTaken) {
     const auto install = module->Export<decltype(&SetZelkorExportFctns)>("SetZelkorExportFctns");
     EXPECT_EQ(install(nullptr), 1);

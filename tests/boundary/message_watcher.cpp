@@ -17,6 +17,15 @@ bool IsMessageBox(HWND window) {
     return std::wstring(name) == L"#32770";
 }
 
+bool HasButton(HWND box, int button) {
+    const HWND window = GetDlgItem(box, button);
+    return window != nullptr && (GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+bool IsQuestion(HWND box) {
+    return HasButton(box, IDYES) && HasButton(box, IDNO) && !HasButton(box, IDOK);
+}
+
 constexpr int kTextControl = 0xFFFF;
 
 }  // namespace
@@ -35,13 +44,14 @@ MessageWatcher::~MessageWatcher() {
 
 void MessageWatcher::Keep(HWND window) {
     boxes_.push_back({WindowText(window), WindowText(GetDlgItem(window, kTextControl)),
-                      GetWindow(window, GW_OWNER)});
+                      GetWindow(window, GW_OWNER), IsQuestion(window)});
 }
 
 LRESULT CALLBACK MessageWatcher::OnHook(int code, WPARAM wParam, LPARAM lParam) {
     const auto window = reinterpret_cast<HWND>(wParam);
     if (code == HCBT_ACTIVATE && IsMessageBox(window)) {
-        PostMessageW(window, WM_COMMAND, IDOK, 0);
+        const int answer = IsQuestion(window) ? current_->answer_ : IDOK;
+        PostMessageW(window, WM_COMMAND, static_cast<WPARAM>(answer), 0);
     }
     if (code == HCBT_DESTROYWND && IsMessageBox(window)) {
         current_->Keep(window);

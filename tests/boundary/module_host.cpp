@@ -95,6 +95,13 @@ StdParaFunctionTable LoadedModule::Slots() const {
     return table;
 }
 
+ManagementTable LoadedModule::Management() const {
+    ManagementTable table{};
+    table.size = sizeof(table);
+    Export<decltype(&GetParaMGMTFunc)>("GetParaMGMTFunc")(&table);
+    return table;
+}
+
 GuardedBytes::GuardedBytes(std::uint32_t size) {
     const std::uint32_t used = (size + kPage - 1) / kPage * kPage;
     pages_ = static_cast<unsigned char*>(

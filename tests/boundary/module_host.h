@@ -60,6 +60,9 @@ class LoadedModule {
     /// The standard-parameter table, whole.
     [[nodiscard]] StdParaFunctionTable Slots() const;
 
+    /// The parameter-management table, whole; asking for it makes the module forget its tokens.
+    [[nodiscard]] ManagementTable Management() const;
+
   private:
     HMODULE module_;
 };
