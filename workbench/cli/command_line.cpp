@@ -17,8 +17,19 @@ constexpr std::array kCommands{
     CommandSyntax{Command::Merge, "merge", "PROJECT DIRECTORY", 2, false},
     CommandSyntax{Command::Export, "export", "PROJECT DIRECTORY", 2, false},
     CommandSyntax{Command::Save, "save", "PROJECT NEWPROJECT", 2, false},
+    CommandSyntax{Command::ListShow, "list show", "PROJECT [KIND]", 1, false, 1},
+    CommandSyntax{Command::ListGet, "list get", "PROJECT ADDRESS", 2, false},
+    CommandSyntax{Command::ListSet, "list set", "PROJECT ADDRESS TEXT", 3, false},
+    CommandSyntax{Command::ListDeclare, "list declare", "PROJECT FILE", 2, false},
+    CommandSyntax{Command::ListExport, "list export", "PROJECT FILE", 2, false},
+    CommandSyntax{Command::ListImport, "list import", "PROJECT FILE", 2, false},
 };
 
+/// The first word of the commands that have two.
+constexpr std::string_view kListWord = "list";
+
+constexpr std::array<std::string_view, 5> kOptionsWithValue{"--count", "--format", "--language",
+                                                            "--name", "--comment"};
 constexpr std::array<std::string_view, 4> kFormats{"default", "signed", "unsigned", "hex"};
 constexpr std::array<std::string_view, 2> kLanguages{"de", "en"};
 
@@ -63,6 +74,14 @@ class Parser {
             result_.arguments.push_back(word);
             return true;
         }
+        if (word != kListWord) {
+            return TakeCommand(word);
+        }
+        const bool isAlone = position_ == words_.size() || words_[position_].starts_with("--");
+        return isAlone || TakeCommand(word + " " + words_[position_++]);
+    }
+
+    bool TakeCommand(const std::string& word) {
         syntax_ = FindCommand(word);
         if (syntax_ == nullptr) {
             return Fail("There is no command \"" + word + "\". Commands: " +
@@ -81,7 +100,10 @@ class Parser {
             result_.bare = option == "--bare";
             return true;
         }
-        if (option != "--count" && option != "--format" && option != "--language") {
+        if (option == "--replace") {
+            return result_.replace = true;
+        }
+        if (std::ranges::find(kOptionsWithValue, option) == kOptionsWithValue.end()) {
             return Fail("There is no option " + option + ". See workbench --help.");
         }
         if (position_ == words_.size()) {
@@ -103,6 +125,10 @@ class Parser {
             return found != kFormats.end() ||
                    Fail("--format needs one of: " + Alternatives(kFormats) + ".");
         }
+        if (option == "--name" || option == "--comment") {
+            (option == "--name" ? result_.name : result_.comment) = value;
+            return true;
+        }
         result_.language = value;
         return std::ranges::find(kLanguages, value) != kLanguages.end() ||
                Fail("--language needs one of: " + Alternatives(kLanguages) + ".");
@@ -114,7 +140,7 @@ class Parser {
         }
         const std::size_t given = result_.arguments.size();
         if (given < syntax_->argumentCount ||
-            (given > syntax_->argumentCount && !syntax_->takesValue)) {
+            (given > syntax_->argumentCount + syntax_->optionalCount && !syntax_->takesValue)) {
             return Fail("The command is: workbench " + std::string(syntax_->word) + " " +
                         std::string(syntax_->arguments));
         }

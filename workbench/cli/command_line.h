@@ -9,15 +9,32 @@
 
 namespace workbench::cli {
 
-enum class Command { None, Areas, Size, Text, Leaves, Check, Merge, Export, Save };
+enum class Command {
+    None,
+    Areas,
+    Size,
+    Text,
+    Leaves,
+    Check,
+    Merge,
+    Export,
+    Save,
+    ListShow,
+    ListGet,
+    ListSet,
+    ListDeclare,
+    ListExport,
+    ListImport
+};
 
-/// A command's word and the arguments that it must have.
+/// A command's word (two for those of the parameter list) and the arguments that it must have.
 struct CommandSyntax {
     Command command;
     std::string_view word;
     std::string_view arguments;  ///< as shown in the usage line
-    std::size_t argumentCount;   ///< at least so many; more only for a value of several words
-    bool takesValue;
+    std::size_t argumentCount;   ///< at least so many
+    bool takesValue;             ///< any number more: a value of several words
+    std::size_t optionalCount = 0;
 };
 
 [[nodiscard]] std::span<const CommandSyntax> AllCommands();
@@ -30,6 +47,9 @@ struct CommandLine {
     std::uint32_t count = 1;
     std::uint8_t format = 0;  ///< as in ParameterRecord
     bool bare = false;        ///< STRING texts without quotation marks
+    std::optional<std::string> name;
+    std::optional<std::string> comment;
+    bool replace = false;  ///< the import begins with an empty list
     std::optional<std::string> language;
 };
 

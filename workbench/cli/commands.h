@@ -18,4 +18,11 @@ namespace workbench::cli {
 [[nodiscard]] ExitCode ExportDefinitions(Session& session);
 [[nodiscard]] ExitCode SaveDefinitions(Session& session);
 
+[[nodiscard]] ExitCode ShowList(Session& session);
+[[nodiscard]] ExitCode PrintParameter(Session& session);
+[[nodiscard]] ExitCode SetParameter(Session& session);
+[[nodiscard]] ExitCode UpdateList(Session& session);
+[[nodiscard]] ExitCode ExportList(Session& session);
+[[nodiscard]] ExitCode ImportList(Session& session);
+
 }  // namespace workbench::cli

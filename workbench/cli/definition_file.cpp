@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "cli/host_module.h"
+#include "cli/library.h"
 #include "common/module_path.h"
 #include "orvell/services.h"
 
@@ -73,9 +73,7 @@ class XmlReader {
   private:
     template <typename Function>
     bool Resolve(const char* name, Function& function) {
-        function = reinterpret_cast<Function>(
-            reinterpret_cast<void*>(GetProcAddress(library_.get(), name)));
-        return function != nullptr;
+        return ResolveFunction(library_.get(), name, function);
     }
 
     template <typename Call>

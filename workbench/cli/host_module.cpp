@@ -1,9 +1,9 @@
 #include "cli/host_module.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <cstring>
+#include <memory>
 
+#include "cli/message_page.h"
 #include "common/module_path.h"
 
 namespace workbench::cli {
@@ -11,14 +11,6 @@ namespace {
 
 constexpr std::size_t kSlotCount = 25;
 static_assert(sizeof(StdParaFunctionTable) == (1 + kSlotCount) * sizeof(void*));
-
-/// True when the module has filled every slot.
-bool IsComplete(const StdParaFunctionTable& table) {
-    void* slots[kSlotCount];
-    std::memcpy(slots, reinterpret_cast<const std::byte*>(&table) + sizeof table.size,
-                sizeof slots);
-    return std::ranges::none_of(slots, [](const void* slot) { return slot == nullptr; });
-}
 
 ConfigurationRecord Configuration(const std::string& project) {
     return {sizeof(ConfigurationRecord), nullptr, project.c_str()};
@@ -51,14 +43,25 @@ bool HostModule::Load(std::string& error) {
                 "). It must lie in " + folder + " with ZELKORTOOL.DLL and ZELKORXML.DLL.";
         return false;
     }
-    const auto getTable = reinterpret_cast<decltype(&GetStdParaFctns)>(
-        reinterpret_cast<void*>(GetProcAddress(library_.get(), "GetStdParaFctns")));
-    table_.size = sizeof table_;
-    if (getTable == nullptr || getTable(&table_) == 0 || !IsComplete(table_)) {
+    if (!Bind()) {
         error = "The ORVELL.DLL in " + folder + " does not have all functions; install it anew.";
         return false;
     }
     return true;
+}
+
+/// In a host's order: its callbacks first, then the tables.
+bool HostModule::Bind() {
+    decltype(&SetZelkorExportFctns) setCallbacks = nullptr;
+    decltype(&GetStdParaFctns) getTable = nullptr;
+    if (!ResolveFunction(library_.get(), "SetZelkorExportFctns", setCallbacks) ||
+        !ResolveFunction(library_.get(), "GetStdParaFctns", getTable)) {
+        return false;
+    }
+    HostExportTable callbacks = MessagePageCallbacks();
+    table_.size = sizeof table_;
+    return setCallbacks(&callbacks) != 0 && getTable(&table_) != 0 &&
+           HasAllSlots<kSlotCount>(table_) && list_.Bind(library_.get());
 }
 
 void HostModule::LoadConfiguration(const std::string& project) {

@@ -3,20 +3,15 @@
 #include <windows.h>
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "cli/library.h"
+#include "cli/parameter_list.h"
 #include "orvell/orvell.h"
 
 namespace workbench::cli {
-
-struct LibraryCloser {
-    using pointer = HMODULE;
-    void operator()(HMODULE library) const { FreeLibrary(library); }
-};
-using LoadedLibrary = std::unique_ptr<HMODULE, LibraryCloser>;
 
 /// A value with what the module needs to know about it.
 struct Value {
@@ -36,7 +31,7 @@ struct Leaf {
 class HostModule {
   public:
     /// Loads ORVELL.DLL from the program's folder. False, with `error` saying what to do, when it
-    /// does not load or its function table is incomplete.
+    /// does not load or its function tables are incomplete. Gives the module the host's callbacks.
     [[nodiscard]] bool Load(std::string& error);
 
     // Every configuration call is a request of its own; messages are the only answer.
@@ -55,9 +50,14 @@ class HostModule {
     /// Empty when the module refuses the value.
     [[nodiscard]] std::vector<Leaf> Leaves(const Value& value) const;
 
+    [[nodiscard]] HostParameterList& List() { return list_; }
+
   private:
+    [[nodiscard]] bool Bind();
+
     LoadedLibrary library_;
     StdParaFunctionTable table_{};
+    HostParameterList list_;
     std::uint32_t lastToken_ = 0;
 };
 

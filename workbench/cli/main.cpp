@@ -50,6 +50,18 @@ ExitCode RunCommand(Session& session) {
             return ExportDefinitions(session);
         case Command::Save:
             return SaveDefinitions(session);
+        case Command::ListShow:
+            return ShowList(session);
+        case Command::ListGet:
+            return PrintParameter(session);
+        case Command::ListSet:
+            return SetParameter(session);
+        case Command::ListDeclare:
+            return UpdateList(session);
+        case Command::ListExport:
+            return ExportList(session);
+        case Command::ListImport:
+            return ImportList(session);
         case Command::None:
             break;
     }

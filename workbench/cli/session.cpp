@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
 #include "cli/output.h"
 #include "common/module_path.h"
 
@@ -12,6 +14,11 @@ std::string FullPath(const std::string& path) {
     std::string full(size, '\0');
     full.resize(GetFullPathNameA(path.c_str(), size, full.data(), nullptr));
     return full;
+}
+
+std::string WithBackslashes(std::string path) {
+    std::ranges::replace(path, '/', '\\');
+    return path;
 }
 
 bool FileExists(const std::string& path) {
@@ -54,6 +61,10 @@ ExitCode Session::Start() {
     }
     module_.LoadConfiguration(project_);
     return messages_.Report() ? ExitCode::Refused : ExitCode::Done;
+}
+
+std::string Session::ProjectAsGiven() const {
+    return WithBackslashes(commandLine_.arguments.front());
 }
 
 std::string Session::DefinitionPath() const {

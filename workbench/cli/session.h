@@ -15,13 +15,17 @@ class Session {
   public:
     explicit Session(const CommandLine& commandLine) : commandLine_(commandLine) {}
 
-    /// Loads the module and the project. Anything but `kDone` has been reported.
+    /// Loads the module and the project. Anything but `Done` has been reported.
     [[nodiscard]] ExitCode Start();
 
     [[nodiscard]] const CommandLine& Options() const { return commandLine_; }
     [[nodiscard]] HostModule& Module() { return module_; }
     [[nodiscard]] ModuleMessages& Messages() { return messages_; }
     [[nodiscard]] const std::string& Project() const { return project_; }
+
+    /// The project as the command line names it. List files begin with it, and should be the same
+    /// wherever the project lies.
+    [[nodiscard]] std::string ProjectAsGiven() const;
 
     /// The definition file in use: the project's own, else the default one beside the module.
     [[nodiscard]] std::string DefinitionPath() const;
@@ -41,6 +45,9 @@ class Session {
 
 /// A path as the module needs it: absolute, with backslashes.
 [[nodiscard]] std::string FullPath(const std::string& path);
+
+/// A path as given, with backslashes.
+[[nodiscard]] std::string WithBackslashes(std::string path);
 
 [[nodiscard]] bool FileExists(const std::string& path);
 

@@ -34,6 +34,32 @@ std::string_view Description(Command command) {
         case Command::Save:
             return "Copies the project's definition file along when the project is saved as "
                    "NEWPROJECT.\n";
+        case Command::ListShow:
+            return "Lists the parameters, or those of one kind such as PW: address, value, name "
+                   "and "
+                   "comment.\nA parameter without a value has none here, nor has one with an empty "
+                   "text.\n";
+        case Command::ListGet:
+            return "Prints one parameter. Dates and times are the numbers that are stored.\n";
+        case Command::ListSet:
+            return "Gives a parameter a value and saves the list. A parameter that is not there is "
+                   "made.\nNumbers are read as far as they go; dates and times are the numbers to "
+                   "store.\n"
+                   "  --name N       also its name, at most 15 characters\n"
+                   "  --comment C    also its comment, at most 30 characters\n";
+        case Command::ListDeclare:
+            return "Brings the list up to the project, then saves it. FILE has a line for each "
+                   "parameter:\n"
+                   "\"OLD NEW\" where it was and where it is now (twice the same: it stays), or "
+                   "\"NEW\" for\na new one without a value. Parameters without a line are "
+                   "dropped.\n";
+        case Command::ListExport:
+            return "Writes the list to FILE: as CSV with the extension CSV, else as list file.\n";
+        case Command::ListImport:
+            return "Reads FILE (CSV with the extension CSV, else a list file) into the parameters "
+                   "that there\nare, then saves the list. Warnings do not change the exit code.\n"
+                   "  --replace    into an emptied list; for list files only, as CSV files make no "
+                   "parameters\n";
         case Command::None:
             break;
     }
@@ -59,7 +85,8 @@ std::string ProgramUsage() {
     }
     text +=
         "\nPROJECT is the project's file; its memory areas are defined in the file beside it with\n"
-        "the extension STDMEMXML or, without one, in ORVELL.XML beside the module.\n\n"
+        "the extension STDMEMXML or, without one, in ORVELL.XML beside the module. Its parameter\n"
+        "list is the file beside it with the extension SIL.\n\n"
         "Options for all commands:\n"
         "  --language de|en    language of the module (default: ZELKOR_LANGUAGE, else de)\n"
         "  --help\n\n"
