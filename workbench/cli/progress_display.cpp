@@ -11,7 +11,7 @@ namespace {
 using std::chrono::seconds;
 using std::chrono::steady_clock;
 
-constexpr seconds kInterval{2};
+constexpr seconds kInterval{1};
 constexpr std::uint64_t kBytesPerMegabyte = 1'000'000;
 constexpr std::uint64_t kLargeFile = 10 * kBytesPerMegabyte;
 

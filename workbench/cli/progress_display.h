@@ -11,7 +11,7 @@ namespace workbench::cli {
 
 /// Shows on the standard error, when that is a console, that a file of more than 10 MB is being
 /// read or written, for as long as the object lives: the time so far and the file's size, a line
-/// every two seconds. The module says nothing itself before it is done.
+/// every second. The module says nothing itself before it is done.
 class ProgressDisplay {
   public:
     explicit ProgressDisplay(std::string path);
