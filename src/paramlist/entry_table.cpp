@@ -36,7 +36,7 @@ ParameterEntry* EntryTable::FindFirst(std::uint32_t number) const {
 
 void EntryTable::Reserve() {
     if (entryCount_ == slots_.size()) {
-        Resize(std::max(slots_.size() * 2, kSmallestSlotCount));
+        Grow(std::max(slots_.size() * 2, kSmallestSlotCount));
     }
 }
 
@@ -105,14 +105,16 @@ std::vector<EntryTable::NumberedRing> EntryTable::SortedRings() const {
     return rings;
 }
 
-void EntryTable::Resize(std::size_t slotCount) {
+void EntryTable::Grow(std::size_t slotCount) {
     if (multiplier_ == 0) {
         multiplier_ = std::random_device()() | 1;
     }
-    std::vector<ParameterEntry*> slots(slotCount);
-    ParameterEntry* const chain = UnlinkRings();
-    slots_ = std::move(slots);
-    LinkRings(chain);
+    std::vector<ParameterEntry*> chains(slotCount);
+    chains.swap(slots_);
+    AdaptHash();
+    for (ParameterEntry* const chain : chains) {
+        LinkRings(chain);
+    }
 }
 
 void EntryTable::ShrinkIfSparse() noexcept {
@@ -127,6 +129,7 @@ void EntryTable::ShrinkIfSparse() noexcept {
     ParameterEntry* const chain = UnlinkRings();
     slots_.resize(slotCount);
     slots_.shrink_to_fit();
+    AdaptHash();
     LinkRings(chain);
 }
 
@@ -143,12 +146,15 @@ ParameterEntry* EntryTable::UnlinkRings() noexcept {
 }
 
 void EntryTable::LinkRings(ParameterEntry* chain) noexcept {
-    unusedHashBits_ = kHashBits - static_cast<unsigned>(std::countr_zero(slots_.size()));
     while (chain != nullptr) {
         ParameterEntry*& slot = slots_[SlotOf(chain->number_)];
         ParameterEntry* const next = std::exchange(chain->nextRing_, slot);
         slot = std::exchange(chain, next);
     }
+}
+
+void EntryTable::AdaptHash() noexcept {
+    unusedHashBits_ = kHashBits - static_cast<unsigned>(std::countr_zero(slots_.size()));
 }
 
 void EntryTable::ExtendRange(std::uint32_t number) {

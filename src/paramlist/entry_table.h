@@ -60,8 +60,9 @@ class EntryTable {
     static void AppendRing(std::vector<const ParameterEntry*>& entries,
                            const ParameterEntry& first);
     [[nodiscard]] std::vector<NumberedRing> SortedRings() const;
-    void Resize(std::size_t slotCount);
+    void Grow(std::size_t slotCount);
     void ShrinkIfSparse() noexcept;
+    void AdaptHash() noexcept;  // to the number of slots
     ParameterEntry* UnlinkRings() noexcept;
     void LinkRings(ParameterEntry* chain) noexcept;
     void ExtendRange(std::uint32_t number);

@@ -175,6 +175,8 @@ TEST_F(MemoryTest, ObtainChangesNothingWhenMemoryIsShort) {
                                 EXPECT_EQ(kind_.BucketCount(), entries == 0 ? 0U : 100U);
                             });
         EXPECT_EQ(kind_.EntryCount(), entries + 1);
+        kind_.Purge(kDeclaredMark);
+        EXPECT_EQ(Taken(), 0U) << "an entry was left behind";
     }
 }
 
