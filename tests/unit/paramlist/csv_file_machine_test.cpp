@@ -59,10 +59,10 @@ constexpr std::size_t kStates = std::size(kBefore);
 /// The kinds of what is reported behind `before`, for many continuations.
 std::vector<Events> Future(const std::string& before) {
     std::vector<Events> future;
-    for (const char* more :
-         {"",       "\n",      "x",      "x\n",      ";",      ";\n",       "\"",     "\"\n",
-          "\"\"",   "\";\n",   ";;\n",   ";;;\n",    ";;;;\n", "x\"y\n",    "\"x\n",  "\"x\";y\n",
-          "y;\"\n", "\";\"\n", ";;\"\n", "\";;\"\n", ";\";\n", "\";\";;\n", "\";;;\n"}) {
+    for (const char* more : {"",        "\n",     "x",        "x\n",    "x;;;\n",    ";",
+                             ";\n",     "\"",     "\"\n",     "\"\"",   "\";\n",     ";;\n",
+                             ";;;\n",   ";;;;\n", "x\"y\n",   "\"x\n",  "\"x\";y\n", "y;\"\n",
+                             "\";\"\n", ";;\"\n", "\";;\"\n", ";\";\n", "\";\";;\n", "\";;;\n"}) {
         const std::size_t known = ReadOpen(before).size();
         Events events = Read(before + more);
         events.erase(events.begin(), events.begin() + static_cast<std::ptrdiff_t>(known));
