@@ -136,7 +136,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{15, 16, 17, kAny, 15}, Row{16, 16, 17, "", 1}, Row{17, 17, 17, "C", 18},
                     Row{18, 18, 0, ":", 19}, Row{19, 19, 0, kAny, 20}, Row{20, 21, 0, kAny, 20},
                     Row{21, 21, 0, "", 1}),
-    [](const auto& info) { return std::to_string(info.param.state); });
+    [](const auto& row) { return std::to_string(row.param.state); });
 
 constexpr const char* kRecord =
     " 0 PW           12 N : Soll@wert\n"
