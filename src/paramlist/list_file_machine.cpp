@@ -13,10 +13,10 @@ constexpr std::size_t kStateCount = 22;
 constexpr std::uint8_t kSkipLine = 1;
 constexpr std::uint8_t kNumber = 6;
 
-/// Stand in the place of an expected character.
-constexpr int kAnything = -1;
-constexpr int kDigit = -2;
-constexpr int kNothing = -3;
+/// Stand in the place of an expected character; none of them is one.
+constexpr int kAnything = 0x100;
+constexpr int kDigit = 0x101;
+constexpr int kNothing = 0x102;
 
 /// Where a state leads. Characters other than the expected one lead to `kSkipLine`.
 struct Row {
