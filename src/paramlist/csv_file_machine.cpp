@@ -1,6 +1,6 @@
 #include "paramlist/csv_file_machine.h"
 
-#include <algorithm>
+#include "paramlist/text_scan.h"
 
 namespace orvell::paramlist {
 namespace {
@@ -68,38 +68,52 @@ constexpr Transition TransitionOf(std::size_t state, char character) {
     }
 }
 
-/// True for the characters of which a state takes any number in the same way.
-constexpr bool KeepsState(std::size_t state, char character) {
-    const Transition transition = TransitionOf(state, character);
-    return character != '\n' && transition.next == state &&
-           (transition.action == Collect || transition.action == Pass);
-}
+/// Place of the field that a state belongs to. Each behind the first has three states: plain,
+/// quoted, behind the closing mark.
+constexpr std::array<std::uint8_t, kStateCount> kFields = {0, 0, 1, 1, 1, 2, 2,
+                                                           2, 3, 3, 3, 4, 4, 4};
 
-using CharacterSet = std::array<bool, 256>;
-
-constexpr std::array<CharacterSet, kStateCount> kKeepsState = [] {
-    std::array<CharacterSet, kStateCount> sets = {};
-    for (std::size_t state = 0; state < kStateCount; ++state) {
-        for (std::size_t byte = 0; byte < 256; ++byte) {
-            sets[state][byte] = KeepsState(state, static_cast<char>(byte));
-        }
+/// The end of a run of characters that the state takes one like the other.
+const char* EndOfRun(const char* position, const char* end, std::uint8_t state) {
+    const Row& row = kRows[state];
+    const bool takesSeparators = row.onSeparator.next == state;
+    const bool takesQuotes = row.onQuote.next == state;
+    const bool takesOthers = row.onOther.next == state;
+    if (!takesOthers) {
+        return position;
     }
-    return sets;
-}();
+    if (takesSeparators) {
+        return takesQuotes ? FindFirstOf<'\n'>(position, end)
+                           : FindFirstOf<'"', '\n'>(position, end);
+    }
+    return takesQuotes ? FindFirstOf<';', '\n'>(position, end)
+                       : FindFirstOf<';', '"', '\n'>(position, end);
+}
 
 }  // namespace
 
 void CsvFileMachine::Consume(std::string_view piece) {
-    while (!piece.empty()) {
-        const std::size_t run = RunLength(piece);
-        if (state_ != kSkipLine) {
-            FieldOf(state_).append(piece.substr(0, run));
+    const char* position = piece.data();
+    const char* const end = position + piece.size();
+    while (position != end) {
+        const char* const start = position;
+        position = EndOfRun(start, end, state_);
+        if (position != start && state_ != kSkipLine) {
+            FieldOf(state_).Append({start, position});
         }
-        piece.remove_prefix(run);
-        if (!piece.empty()) {
-            Step(piece.front());
-            piece.remove_prefix(1);
+        if (position == end) {
+            break;
         }
+        const Transition transition = TransitionOf(state_, *position);
+        if (transition.action == Pass && *position != '\n') {
+            state_ = transition.next;
+        } else {
+            Step({position, 1});
+        }
+        ++position;
+    }
+    for (TextCollector& field : fields_) {
+        field.Keep();
     }
 }
 
@@ -112,31 +126,23 @@ void CsvFileMachine::Finish() {
     }
 }
 
-std::size_t CsvFileMachine::RunLength(std::string_view piece) const {
-    const CharacterSet& keepsState = kKeepsState[state_];
-    const auto end = std::find_if(piece.begin(), piece.end(), [&](char character) {
-        return !keepsState[static_cast<unsigned char>(character)];
-    });
-    return static_cast<std::size_t>(end - piece.begin());
-}
-
-void CsvFileMachine::Step(char character) {
-    const Transition transition = TransitionOf(state_, character);
-    std::string& field = FieldOf(state_);
+void CsvFileMachine::Step(std::string_view character) {
+    const Transition transition = TransitionOf(state_, character.front());
+    TextCollector& field = FieldOf(state_);
     state_ = transition.next;
     switch (transition.action) {
         case Pass:
             break;
         case Collect:
-            field += character;
+            field.Append(character);
             break;
         case Open:
-            if (!records_.Open(field, line_)) {
+            if (!records_.Open(field.View(), line_)) {
                 state_ = kSkipLine;
             }
             break;
         case OpenQuote:
-            if (!field.empty()) {
+            if (!field.IsEmpty()) {
                 records_.ReportLineFormat(line_);
                 DropTexts();
                 state_ = kLineStart;
@@ -149,29 +155,30 @@ void CsvFileMachine::Step(char character) {
             records_.ReportLineFormat(line_);
             break;
     }
-    if (character == '\n') {
+    if (character.front() == '\n') {
         DropTexts();
         ++line_;
     }
 }
 
 void CsvFileMachine::TakeOverRecord() {
-    std::string& value = fields_[kValue];
-    if (const std::string& second = fields_[kSecondValue]; !second.empty()) {
-        value.append(1, ' ').append(second);
+    std::string_view value = fields_[kValue].View();
+    if (!fields_[kSecondValue].IsEmpty()) {
+        joinedValue_ = value;
+        joinedValue_.append(1, ' ').append(fields_[kSecondValue].View());
+        value = joinedValue_;
     }
-    records_.TakeOver({fields_[kName], value, fields_[kComment]}, line_);
+    records_.TakeOver({fields_[kName].View(), value, fields_[kComment].View()}, line_);
 }
 
 void CsvFileMachine::DropTexts() {
-    for (std::string& field : fields_) {
-        field.clear();
+    for (TextCollector& field : fields_) {
+        field.Clear();
     }
 }
 
-/// Each field behind the first has three states: plain, quoted, behind the closing mark.
-std::string& CsvFileMachine::FieldOf(std::uint8_t state) {
-    return fields_[(state + 1U) / 3];
+TextCollector& CsvFileMachine::FieldOf(std::uint8_t state) {
+    return fields_[kFields[state]];
 }
 
 }  // namespace orvell::paramlist

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "paramlist/text_collector.h"
+
 namespace orvell::paramlist {
 
 /// What a CSV record says about the parameter that its first field names.
@@ -49,17 +51,16 @@ class CsvFileMachine {
   private:
     enum Field : std::uint8_t { kFirst, kName, kValue, kSecondValue, kComment, kFieldCount };
 
-    /// How many of the next characters the state takes in the same way.
-    [[nodiscard]] std::size_t RunLength(std::string_view piece) const;
-    void Step(char character);
+    void Step(std::string_view character);
     void TakeOverRecord();
     void DropTexts();
-    [[nodiscard]] std::string& FieldOf(std::uint8_t state);
+    [[nodiscard]] TextCollector& FieldOf(std::uint8_t state);
 
     CsvFileRecords& records_;
     std::uint8_t state_ = 0;
     std::uint32_t line_ = 1;
-    std::array<std::string, kFieldCount> fields_;
+    std::array<TextCollector, kFieldCount> fields_;
+    std::string joinedValue_;
 };
 
 }  // namespace orvell::paramlist

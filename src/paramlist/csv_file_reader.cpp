@@ -44,10 +44,11 @@ class CsvFileImport : public CsvFileRecords {
           warnings_(warnings) {}
 
     [[nodiscard]] bool Open(std::string_view text, std::uint32_t line) override {
-        address_.clear();
-        std::ranges::remove_copy_if(text, std::back_inserter(address_), values::IsBlank);
-        const CsvAddress address = SplitCsvAddress(address_);
-        kind_ = list_.FindKind(address.keyword);
+        const std::string_view addressText = WithoutBlanks(text);
+        const CsvAddress address = SplitCsvAddress(addressText);
+        if (kind_ == nullptr || kind_->Keyword() != address.keyword) {
+            kind_ = list_.FindKind(address.keyword);
+        }
         if (kind_ == nullptr) {
             if (!IsHeader(text)) {
                 Warn(StringId::WarningUnknownKind, line, text);
@@ -56,12 +57,12 @@ class CsvFileImport : public CsvFileRecords {
         }
         const auto number = ReadCsvNumber(address.number, kind_->ValueType() == ValueTypeCode::Bit);
         if (!number) {
-            Warn(StringId::WarningInvalidAddress, line, address_);
+            Warn(StringId::WarningInvalidAddress, line, addressText);
             return false;
         }
         entry_ = kind_->Find(*number);
         if (entry_ == nullptr) {
-            Warn(StringId::WarningNotDefined, line, address_);
+            Warn(StringId::WarningNotDefined, line, addressText);
         }
         return entry_ != nullptr;
     }
@@ -81,6 +82,16 @@ class CsvFileImport : public CsvFileRecords {
     [[nodiscard]] std::int32_t WarningCount() const { return warningCount_; }
 
   private:
+    /// Valid until the next call, and as long as the text.
+    [[nodiscard]] std::string_view WithoutBlanks(std::string_view text) {
+        if (std::ranges::none_of(text, values::IsBlank)) {
+            return text;
+        }
+        address_ = text;
+        std::erase_if(address_, values::IsBlank);
+        return address_;
+    }
+
     /// A header line may be cut short anywhere.
     [[nodiscard]] bool IsHeader(std::string_view text) const {
         return std::ranges::any_of(
@@ -100,6 +111,7 @@ class CsvFileImport : public CsvFileRecords {
             ++warningCount_;
         }
         warnings_.Warning(message, line, argument);
+        kind_ = nullptr;  // the host may have had the kinds built anew meanwhile
     }
 
     ParameterList& list_;
@@ -108,7 +120,7 @@ class CsvFileImport : public CsvFileRecords {
     ImportWarnings& warnings_;
     std::int32_t warningCount_ = 0;
     std::string address_;
-    ParameterKind* kind_ = nullptr;
+    ParameterKind* kind_ = nullptr;  ///< of the last address
     ParameterEntry* entry_ = nullptr;
 };
 

@@ -12,16 +12,18 @@ void AppendWithoutBlanks(std::string& out, std::string_view text) {
 
 void AppendQuoted(std::string& out, std::string_view text) {
     constexpr char kQuote = '"';
-    out += kQuote;
-    for (std::size_t start = 0; start < text.size();) {
-        const std::size_t quote = std::min(text.find(kQuote, start), text.size() - 1);
-        out += text.substr(start, quote + 1 - start);
-        if (text[quote] == kQuote) {
-            out += kQuote;
+    const std::size_t before = out.size();
+    out.resize(before + 2 * text.size() + 2);
+    char* end = out.data() + before;
+    *end++ = kQuote;
+    for (const char character : text) {
+        if (character == kQuote) {
+            *end++ = kQuote;
         }
-        start = quote + 1;
+        *end++ = character;
     }
-    out += kQuote;
+    *end++ = kQuote;
+    out.resize(static_cast<std::size_t>(end - out.data()));
 }
 
 }  // namespace orvell::paramlist

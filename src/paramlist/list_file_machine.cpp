@@ -4,6 +4,7 @@
 #include <array>
 
 #include "paramlist/field_text.h"
+#include "paramlist/text_scan.h"
 #include "values/characters.h"
 
 namespace orvell::paramlist {
@@ -11,7 +12,6 @@ namespace {
 
 constexpr std::size_t kStateCount = 22;
 constexpr std::uint8_t kSkipLine = 1;
-constexpr std::uint8_t kNumber = 6;
 
 /// Stand in the place of an expected character; none of them is one.
 constexpr int kAnything = 0x100;
@@ -76,27 +76,71 @@ constexpr Transitions kTransitions = [] {
     return transitions;
 }();
 
+/// The states whose characters make a field, in the order of the fields.
+constexpr std::array<std::uint8_t, 5> kFieldStates = {4, 6, 10, 15, 20};
+
+/// Place of the field that is collected in a state; `kFieldStates.size()` where there is none.
+constexpr std::array<std::uint8_t, kStateCount> kFields = [] {
+    std::array<std::uint8_t, kStateCount> fields = {};
+    fields.fill(kFieldStates.size());
+    for (std::uint8_t field = 0; field < kFieldStates.size(); ++field) {
+        fields[kFieldStates[field]] = field;
+    }
+    return fields;
+}();
+
 /// True in a record's last line behind which nothing of it is missing.
 bool IsRecordComplete(std::size_t state) {
     return state == 20 || state == 21;
 }
 
-void ReplaceBlankMarks(std::string& text, std::size_t start) {
-    std::replace(text.begin() + static_cast<std::ptrdiff_t>(start), text.end(), kListFileBlank,
-                 ' ');
+/// Of which characters a state may take many without being left.
+enum class Run : std::uint8_t { Nothing, WhiteSpace, Line, Field };
+
+constexpr std::array<Run, kStateCount> kRuns = [] {
+    std::array<Run, kStateCount> runs = {};
+    for (std::size_t state = 0; state < kStateCount; ++state) {
+        const bool staysOnWhiteSpace = kRows[state].onWhiteSpace == state;
+        const bool staysOnOthers =
+            kRows[state].expected == kAnything && kRows[state].onExpected == state;
+        runs[state] = staysOnWhiteSpace && staysOnOthers ? Run::Line
+                      : staysOnWhiteSpace                ? Run::WhiteSpace
+                      : staysOnOthers                    ? Run::Field
+                                                         : Run::Nothing;
+    }
+    return runs;
+}();
+
+/// The end of a run of characters that leave the state as it is.
+const char* EndOfRun(const char* position, const char* end, std::uint8_t state) {
+    switch (kRuns[state]) {
+        case Run::WhiteSpace:
+            return FindFirstNotOf<' ', '\t'>(position, end);
+        case Run::Line:
+            return FindFirstOf<'\n'>(position, end);
+        case Run::Field:
+            return FindFirstOf<' ', '\t', '\n'>(position, end);
+        case Run::Nothing:
+            break;
+    }
+    return position;
 }
 
 }  // namespace
 
 void ListFileMachine::Consume(std::string_view piece) {
-    while (!piece.empty()) {
-        const std::size_t run = RunLength(piece);
-        Collect(piece.substr(0, run));
-        piece.remove_prefix(run);
-        if (!piece.empty()) {
-            ChangeState(piece.front());
-            piece.remove_prefix(1);
+    const char* position = piece.data();
+    const char* const end = position + piece.size();
+    while (position != end) {
+        const char* const start = position;
+        ChangeState(*start);
+        position = EndOfRun(start + 1, end, state_);
+        if (kFields[state_] != kFieldCount) {
+            Collect(kFields[state_], {start, position});
         }
+    }
+    for (TextCollector& text : texts_) {
+        text.Keep();
     }
 }
 
@@ -107,61 +151,47 @@ bool ListFileMachine::Finish() {
     return hasRecord_ || state_ == 0;
 }
 
-/// How many of the next characters leave the state as it is.
-std::size_t ListFileMachine::RunLength(std::string_view piece) const {
-    const auto& next = kTransitions[state_];
-    const auto end = std::find_if(piece.begin(), piece.end(), [&](char character) {
-        return next[static_cast<unsigned char>(character)] != state_;
-    });
-    return static_cast<std::size_t>(end - piece.begin());
-}
-
-/// `character` leads to another state; where that collects characters, it is the first of them.
 void ListFileMachine::ChangeState(char character) {
-    if (character == '\n' && IsRecordComplete(state_)) {
+    const std::uint8_t before = state_;
+    state_ = kTransitions[before][static_cast<unsigned char>(character)];
+    if (character == '\n' && IsRecordComplete(before)) {
         TakeOver();
     }
-    state_ = kTransitions[state_][static_cast<unsigned char>(character)];
-    if (state_ == kNumber) {
+    if (state_ == before || kFields[state_] == kFieldCount) {
+        return;
+    }
+    texts_[kFields[state_]].Clear();
+    if (kFields[state_] == kNumber) {
         number_ = 0;
-    } else if (std::string* const field = FieldOf(state_)) {
-        field->clear();
-    }
-    Collect({&character, 1});
-}
-
-/// The characters lead into the present state or leave it as it is.
-void ListFileMachine::Collect(std::string_view characters) {
-    if (state_ == kNumber) {
-        for (const char digit : characters) {
-            number_ = number_ * 10 + values::DigitValue(digit);
-        }
-    } else if (std::string* const field = FieldOf(state_)) {
-        field->append(characters);
     }
 }
 
-std::string* ListFileMachine::FieldOf(std::size_t state) {
-    switch (state) {
-        case 4:
-            return &keyword_;
-        case 10:
-            return &name_;
-        case 15:
-            return &value_;
-        case 20:
-            return &comment_;
-        default:
-            return nullptr;
+/// The characters have led into a field's state or left it as it is.
+void ListFileMachine::Collect(std::size_t field, std::string_view characters) {
+    if (field != kNumber) {
+        texts_[field].Append(characters);
+        return;
+    }
+    for (const char digit : characters) {
+        number_ = number_ * 10 + values::DigitValue(digit);
     }
 }
 
 void ListFileMachine::TakeOver() {
-    ReplaceBlankMarks(name_, 0);
-    ReplaceBlankMarks(value_, 1);
-    ReplaceBlankMarks(comment_, 0);
-    records_.TakeOver({keyword_, number_, name_, value_, comment_});
+    records_.TakeOver({texts_[kKeyword].View(), number_, WithBlanks(kName, 0),
+                       WithBlanks(kValue, 1), WithBlanks(kComment, 0)});
     hasRecord_ = true;
+}
+
+/// The field's text with the marks from `start` on turned back into blanks.
+std::string_view ListFileMachine::WithBlanks(Field field, std::size_t start) {
+    const std::string_view text = texts_[field].View();
+    std::string& changed = textsWithBlanks_[field];
+    changed.resize(text.size());
+    std::transform(text.begin(), text.end(), changed.begin(),
+                   [](char character) { return character == kListFileBlank ? ' ' : character; });
+    std::copy_n(text.begin(), start, changed.begin());
+    return changed;
 }
 
 }  // namespace orvell::paramlist

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
+
+#include "paramlist/text_collector.h"
 
 namespace orvell::paramlist {
 
@@ -42,19 +45,18 @@ class ListFileMachine {
     [[nodiscard]] bool Finish();
 
   private:
-    [[nodiscard]] std::size_t RunLength(std::string_view piece) const;
-    [[nodiscard]] std::string* FieldOf(std::size_t state);
+    enum Field : std::uint8_t { kKeyword, kNumber, kName, kValue, kComment, kFieldCount };
+
     void ChangeState(char character);
-    void Collect(std::string_view characters);
+    void Collect(std::size_t field, std::string_view characters);
     void TakeOver();
+    [[nodiscard]] std::string_view WithBlanks(Field field, std::size_t start);
 
     ListFileRecords& records_;
     std::uint8_t state_ = 0;
-    std::string keyword_;
+    std::array<TextCollector, kFieldCount> texts_;  ///< that of the number stays empty
+    std::array<std::string, kFieldCount> textsWithBlanks_;
     std::uint32_t number_ = 0;
-    std::string name_;
-    std::string value_;
-    std::string comment_;
     bool hasRecord_ = false;
 };
 

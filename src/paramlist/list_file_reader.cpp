@@ -16,7 +16,7 @@ class ListFileImport : public ListFileRecords {
         : list_(list), texts_(LoadValueTexts(strings)), scope_(scope) {}
 
     void TakeOver(const ListFileRecord& record) override {
-        ParameterKind* const kind = list_.FindKind(record.keyword);
+        ParameterKind* const kind = KindOf(record.keyword);
         ParameterEntry* const entry = kind != nullptr ? EntryOf(*kind, record.number) : nullptr;
         if (entry == nullptr) {
             return;
@@ -31,6 +31,14 @@ class ListFileImport : public ListFileRecords {
     }
 
   private:
+    /// Usually that of the record before.
+    [[nodiscard]] ParameterKind* KindOf(std::string_view keyword) {
+        if (kind_ == nullptr || kind_->Keyword() != keyword) {
+            kind_ = list_.FindKind(keyword);
+        }
+        return kind_;
+    }
+
     [[nodiscard]] ParameterEntry* EntryOf(ParameterKind& kind, std::uint32_t number) const {
         return scope_ == ListFileScope::ExistingEntries ? kind.Find(number)
                                                         : &kind.Obtain(number, false);
@@ -39,6 +47,7 @@ class ListFileImport : public ListFileRecords {
     ParameterList& list_;
     const ValueTexts texts_;
     const ListFileScope scope_;
+    ParameterKind* kind_ = nullptr;
 };
 
 }  // namespace

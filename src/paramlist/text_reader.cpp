@@ -1,14 +1,24 @@
 #include "paramlist/text_reader.h"
 
-#include <algorithm>
 #include <cstring>
 #include <span>
+
+#include "paramlist/text_scan.h"
 
 namespace orvell::paramlist {
 namespace {
 
 constexpr std::size_t kBlockBytes = 64 * 1024;
 constexpr char kEndOfText = 26;
+
+/// The next CR with an LF behind it, `end` when there is none.
+const char* FindLineEnd(const char* position, const char* end) {
+    position = FindFirstOf<'\r'>(position, end);
+    while (position != end && (position + 1 == end || position[1] != '\n')) {
+        position = FindFirstOf<'\r'>(position + 1, end);
+    }
+    return position;
+}
 
 }  // namespace
 
@@ -41,13 +51,14 @@ std::string_view TextReader::ReadBlock() {
 /// Drops every CR before an LF from the first `size` bytes of the buffer.
 std::string_view TextReader::Translate(std::size_t size) {
     char* const begin = buffer_.data();
+    const char* const end = begin + size;
     char* out = begin;
-    std::string_view rest(begin, size);
-    while (!rest.empty()) {
-        const std::size_t length = std::min(rest.find("\r\n"), rest.size());
-        std::memmove(out, rest.data(), length);
+    for (const char* in = begin; in != end;) {
+        const char* const carriageReturn = FindLineEnd(in, end);
+        const auto length = static_cast<std::size_t>(carriageReturn - in);
+        std::memmove(out, in, length);
         out += length;
-        rest.remove_prefix(std::min(length + 1, rest.size()));
+        in = carriageReturn == end ? end : carriageReturn + 1;
     }
     return {begin, static_cast<std::size_t>(out - begin)};
 }

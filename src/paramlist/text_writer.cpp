@@ -1,7 +1,8 @@
 #include "paramlist/text_writer.h"
 
 #include <algorithm>
-#include <string_view>
+
+#include "paramlist/text_scan.h"
 
 namespace orvell::paramlist {
 
@@ -20,17 +21,19 @@ bool TextWriter::Flush() {
 }
 
 void TextWriter::Translate() {
-    translated_.clear();
-    std::string_view rest = text_;
-    while (!rest.empty()) {
-        const std::size_t lineFeed = std::min(rest.find('\n'), rest.size());
-        translated_.append(rest.substr(0, lineFeed));
-        rest.remove_prefix(lineFeed);
-        if (!rest.empty()) {
-            translated_.append("\r\n");
-            rest.remove_prefix(1);
+    translated_.resize(2 * text_.size());
+    char* out = translated_.data();
+    const char* const end = text_.data() + text_.size();
+    for (const char* in = text_.data(); in != end;) {
+        const char* const lineFeed = FindFirstOf<'\n'>(in, end);
+        out = std::copy(in, lineFeed, out);
+        in = lineFeed;
+        if (lineFeed != end) {
+            *out++ = '\r';
+            *out++ = *in++;
         }
     }
+    translated_.resize(static_cast<std::size_t>(out - translated_.data()));
 }
 
 }  // namespace orvell::paramlist
