@@ -117,40 +117,49 @@ void AppendNumber(std::string& out, const FormatConversion& conversion, Number n
     }
 }
 
-template <typename Number>
-void AppendDecimal(std::string& out, Number number) {
-    std::array<char, 11> buffer;
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
-    out.append(buffer.data(), end);
+/// Room for the decimal digits of 32 bits and a sign.
+constexpr std::size_t kLongestDecimal = 11;
+
+/// The most characters that a text, or a number of the conversion's own signedness, takes under a
+/// plain conversion; 0 when the general way is needed.
+std::size_t RoomFor(const FormatConversion& conversion, const FormatArgument& argument) {
+    if (const auto* text = std::get_if<std::string_view>(&argument)) {
+        return conversion.isPlain ? text->size() + conversion.width + 1 : 0;
+    }
+    const char ownLetter = std::holds_alternative<std::uint32_t>(argument) ? 'u' : 'd';
+    const bool isOwn = conversion.isPlain && conversion.letter == ownLetter;
+    return isOwn ? kLongestDecimal + conversion.width : 0;
 }
 
-/// The usual cases in the records of an export. False when the general way is needed.
-bool AppendPlain(std::string& out, const FormatConversion& conversion,
-                 const FormatArgument& argument) {
-    if (!conversion.isPlain) {
-        return false;
-    }
-    if (const auto* text = std::get_if<std::string_view>(&argument)) {
-        out.append(*text);
-        return true;
-    }
+char* WriteDecimal(char* out, const FormatArgument& argument) {
+    char* const end = out + kLongestDecimal;
     if (const auto* number = std::get_if<std::uint32_t>(&argument)) {
-        if (conversion.letter == 'u') {
-            AppendDecimal(out, *number);
-            return true;
-        }
-    } else if (conversion.letter == 'd') {
-        AppendDecimal(out, *std::get_if<std::int32_t>(&argument));
-        return true;
+        return std::to_chars(out, end, *number).ptr;
     }
-    return false;
+    return std::to_chars(out, end, *std::get_if<std::int32_t>(&argument)).ptr;
+}
+
+/// For arguments that `RoomFor` has found room for.
+char* WriteArgument(char* out, const FormatConversion& conversion, const FormatArgument& argument) {
+    char* const start = out;
+    if (const auto* text = std::get_if<std::string_view>(&argument)) {
+        out = std::copy(text->begin(), text->end(), out);
+    } else {
+        out = WriteDecimal(out, argument);
+    }
+    const std::size_t fill = FillOf(conversion, static_cast<std::size_t>(out - start));
+    if (fill > 0) {
+        if (!conversion.leftAligned) {
+            std::move_backward(start, out, out + fill);
+        }
+        std::fill_n(conversion.leftAligned ? out : start, fill, ' ');
+        out += fill;
+    }
+    return out;
 }
 
 void AppendArgument(std::string& out, const FormatConversion& conversion,
                     const FormatArgument& argument) {
-    if (AppendPlain(out, conversion, argument)) {
-        return;
-    }
     if (const auto* text = std::get_if<std::string_view>(&argument)) {
         AppendText(out, conversion, *text);
     } else if (const auto* number = std::get_if<std::int32_t>(&argument)) {
@@ -182,9 +191,45 @@ CheckedFormat::CheckedFormat(std::string_view format) {
     }
     piece.conversion = {};
     pieces_.push_back(std::move(piece));
+    for (const Piece& each : pieces_) {
+        literalSize_ += each.literal.size();
+    }
 }
 
 void CheckedFormat::AppendTo(std::string& out, std::span<const FormatArgument> arguments) const {
+    if (!AppendPlain(out, arguments)) {
+        AppendAny(out, arguments);
+    }
+}
+
+/// The usual case in the records of an export. False when the general way is needed.
+bool CheckedFormat::AppendPlain(std::string& out, std::span<const FormatArgument> arguments) const {
+    if (arguments.size() + 1 < pieces_.size()) {
+        return false;
+    }
+    std::size_t room = literalSize_;
+    for (std::size_t index = 0; index + 1 < pieces_.size(); ++index) {
+        const std::size_t more = RoomFor(pieces_[index].conversion, arguments[index]);
+        if (more == 0) {
+            return false;
+        }
+        room += more;
+    }
+    const std::size_t before = out.size();
+    out.resize(before + room);
+    char* end = out.data() + before;
+    for (std::size_t index = 0; index < pieces_.size(); ++index) {
+        const std::string& literal = pieces_[index].literal;
+        end = std::copy(literal.begin(), literal.end(), end);
+        if (index + 1 < pieces_.size()) {
+            end = WriteArgument(end, pieces_[index].conversion, arguments[index]);
+        }
+    }
+    out.resize(static_cast<std::size_t>(end - out.data()));
+    return true;
+}
+
+void CheckedFormat::AppendAny(std::string& out, std::span<const FormatArgument> arguments) const {
     auto argument = arguments.begin();
     for (const Piece& piece : pieces_) {
         out.append(piece.literal);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <span>
@@ -41,7 +42,12 @@ class CheckedFormat {
         FormatConversion conversion;
     };
 
-    std::vector<Piece> pieces_;
+    [[nodiscard]] bool AppendPlain(std::string& out,
+                                   std::span<const FormatArgument> arguments) const;
+    void AppendAny(std::string& out, std::span<const FormatArgument> arguments) const;
+
+    std::vector<Piece> pieces_;  ///< the last has no conversion
+    std::size_t literalSize_ = 0;
 };
 
 /// `format` with the arguments filled in, by the rules of `CheckedFormat`.

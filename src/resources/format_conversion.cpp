@@ -67,9 +67,8 @@ std::uint8_t TakeLength(std::string_view& text) {
 }
 
 bool IsPlain(const FormatConversion& conversion) {
-    return !conversion.leftAligned && !conversion.zeroPadded && !conversion.plusSign &&
-           !conversion.blankSign && !conversion.alternative && conversion.bits == 32 &&
-           conversion.width == 0 && conversion.precision < 0;
+    return !conversion.zeroPadded && !conversion.plusSign && !conversion.blankSign &&
+           !conversion.alternative && conversion.bits == 32 && conversion.precision < 0;
 }
 
 }  // namespace

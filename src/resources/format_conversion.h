@@ -17,7 +17,7 @@ struct FormatConversion {
     bool plusSign = false;
     bool blankSign = false;
     bool alternative = false;
-    bool isPlain = true;     ///< no flags, width or precision, and all 32 bits
+    bool isPlain = true;     ///< no flags but "-", no precision, all 32 bits
     std::uint8_t bits = 32;  ///< low bits of an integer that count: 8 after hh, 16 after h
     std::uint32_t width = 0;
     std::int32_t precision = -1;  ///< -1: none given
