@@ -20,7 +20,9 @@ ParameterValue::ParameterValue(ParameterValue&& other) noexcept {
 }
 
 ParameterValue& ParameterValue::operator=(const ParameterValue& other) {
-    Assign(other.Bytes());
+    if (this != &other) {
+        Assign(other.Bytes());
+    }
     return *this;
 }
 

@@ -68,7 +68,8 @@ class ValueTypeHandler {
     /// Writes what `GetText` gives, cut to the buffer's size - 1, and a closing NUL into the
     /// buffer; an empty text when there is none. Nothing is written to an empty buffer. The result
     /// is that of `GetText`.
-    virtual bool GetTextInto(const ParameterValue& value, std::span<char> buffer) const;
+    [[nodiscard]] virtual bool GetTextInto(const ParameterValue& value,
+                                           std::span<char> buffer) const;
 
     /// Appends the value as a text; nothing when it is undefined.
     virtual bool GetText(const ParameterValue& value, std::string& out) const = 0;
