@@ -6,8 +6,10 @@
 #include "paramlist/parameter_address.h"
 
 namespace orvell::paramlist {
+
 bool ParameterList::BuildKinds(std::uint32_t count) {
     kinds_.clear();
+    std::vector<ParameterKind> kinds;  // all or none, should memory be short
     bool isComplete = true;
     for (std::uint32_t index = 0; index < count; ++index) {
         const auto id = static_cast<std::uint32_t>(resources::StringId::KeywordE) + index;
@@ -15,16 +17,18 @@ bool ParameterList::BuildKinds(std::uint32_t count) {
         if (keyword.empty()) {
             isComplete = false;
         } else {
-            InsertKind(keyword, ValueTypeOfKind(index));
+            InsertKind(kinds, keyword, ValueTypeOfKind(index));
         }
     }
+    kinds_ = std::move(kinds);
     return isComplete;
 }
 
-void ParameterList::InsertKind(const std::string& keyword, ValueTypeCode valueType) {
-    const auto place = std::ranges::lower_bound(kinds_, keyword, {}, &ParameterKind::Keyword);
-    if (place == kinds_.end() || place->Keyword() != keyword) {
-        kinds_.emplace(place, keyword, valueType, handlers_.Find(valueType));
+void ParameterList::InsertKind(std::vector<ParameterKind>& kinds, const std::string& keyword,
+                               ValueTypeCode valueType) const {
+    const auto place = std::ranges::lower_bound(kinds, keyword, {}, &ParameterKind::Keyword);
+    if (place == kinds.end() || place->Keyword() != keyword) {
+        kinds.emplace(place, keyword, valueType, handlers_.Find(valueType));
     }
 }
 

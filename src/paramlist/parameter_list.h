@@ -39,6 +39,7 @@ class ParameterList {
 
     /// Replaces all kinds by the first `count` of the string table, without entries. False when a
     /// keyword is missing; the others are built nevertheless. Of equal keywords the first counts.
+    /// Throws std::bad_alloc when memory is short; there are no kinds then.
     bool BuildKinds(std::uint32_t count = kParameterKindCount);
 
     /// Builds the kinds if there are none, else removes all entries.
@@ -97,7 +98,8 @@ class ParameterList {
     template <typename Number>
     using NumberSetter = bool (ValueTypeHandler::*)(ParameterValue&, Number) const;
 
-    void InsertKind(const std::string& keyword, ValueTypeCode valueType);
+    void InsertKind(std::vector<ParameterKind>& kinds, const std::string& keyword,
+                    ValueTypeCode valueType) const;
 
     template <typename Number>
     bool FillVectorWith(std::string_view addressText, std::span<const Number> values,

@@ -12,10 +12,23 @@ namespace {
 
 constexpr mode_t kReadableByAll = 0666;
 
+/// Windows opens no folder as a file.
+bool IsFolder(int file) {
+    struct stat status = {};
+    return fstat(file, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
 class FileSource : public ByteSource {
   public:
-    explicit FileSource(int file) : file_(file) {}
-    ~FileSource() override { close(file_); }
+    explicit FileSource(const std::string& path)
+        : file_(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
+    ~FileSource() override {
+        if (file_ >= 0) {
+            close(file_);
+        }
+    }
+
+    [[nodiscard]] bool IsOpen() const { return file_ >= 0 && !IsFolder(file_); }
 
     [[nodiscard]] std::size_t Read(std::span<char> buffer) override {
         ssize_t bytesRead = 0;
@@ -31,12 +44,15 @@ class FileSource : public ByteSource {
 
 class FileSink : public ByteSink {
   public:
-    explicit FileSink(int file) : file_(file) {}
+    explicit FileSink(const std::string& path)
+        : file_(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kReadableByAll)) {}
     ~FileSink() override {
         if (file_ >= 0) {
             close(file_);
         }
     }
+
+    [[nodiscard]] bool IsOpen() const { return file_ >= 0; }
 
     [[nodiscard]] bool Write(std::string_view bytes) override {
         while (!bytes.empty()) {
@@ -56,26 +72,22 @@ class FileSink : public ByteSink {
     int file_;
 };
 
-/// Windows opens no folder as a file.
-bool IsFolder(int file) {
-    struct stat status = {};
-    return fstat(file, &status) == 0 && S_ISDIR(status.st_mode);
+/// The object's memory is taken before the file is opened: when it is short, nothing is left open
+/// and no file has been emptied.
+template <typename Stream>
+std::unique_ptr<Stream> Open(const std::string& path) {
+    auto stream = std::make_unique<Stream>(path);
+    return stream->IsOpen() ? std::move(stream) : nullptr;
 }
 
 }  // namespace
 
 std::unique_ptr<ByteSource> OpenFileToRead(const std::string& path) {
-    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (file < 0) {
-        return nullptr;
-    }
-    auto source = std::make_unique<FileSource>(file);
-    return IsFolder(file) ? nullptr : std::move(source);
+    return Open<FileSource>(path);
 }
 
 std::unique_ptr<ByteSink> OpenFileToWrite(const std::string& path) {
-    const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kReadableByAll);
-    return file < 0 ? nullptr : std::make_unique<FileSink>(file);
+    return Open<FileSink>(path);
 }
 
 }  // namespace orvell::platform

@@ -13,8 +13,16 @@ constexpr std::size_t kMaximumTransfer = 1U << 30;
 
 class FileSource : public ByteSource {
   public:
-    explicit FileSource(HANDLE handle) : handle_(handle) {}
-    ~FileSource() override { CloseHandle(handle_); }
+    explicit FileSource(const std::string& path)
+        : handle_(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                              nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr)) {}
+    ~FileSource() override {
+        if (IsOpen()) {
+            CloseHandle(handle_);
+        }
+    }
+
+    [[nodiscard]] bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
 
     [[nodiscard]] std::size_t Read(std::span<char> buffer) override {
         const auto wanted = static_cast<DWORD>(std::min(buffer.size(), kMaximumTransfer));
@@ -28,12 +36,16 @@ class FileSource : public ByteSource {
 
 class FileSink : public ByteSink {
   public:
-    explicit FileSink(HANDLE handle) : handle_(handle) {}
+    explicit FileSink(const std::string& path)
+        : handle_(CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
+                              FILE_ATTRIBUTE_NORMAL, nullptr)) {}
     ~FileSink() override {
-        if (handle_ != INVALID_HANDLE_VALUE) {
+        if (IsOpen()) {
             CloseHandle(handle_);
         }
     }
+
+    [[nodiscard]] bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
 
     [[nodiscard]] bool Write(std::string_view bytes) override {
         while (!bytes.empty()) {
@@ -56,19 +68,22 @@ class FileSink : public ByteSink {
     HANDLE handle_;
 };
 
+/// The object's memory is taken before the file is opened: when it is short, nothing is left open
+/// and no file has been emptied.
+template <typename Stream>
+std::unique_ptr<Stream> Open(const std::string& path) {
+    auto stream = std::make_unique<Stream>(path);
+    return stream->IsOpen() ? std::move(stream) : nullptr;
+}
+
 }  // namespace
 
 std::unique_ptr<ByteSource> OpenFileToRead(const std::string& path) {
-    const HANDLE handle =
-        CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                    OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
-    return handle == INVALID_HANDLE_VALUE ? nullptr : std::make_unique<FileSource>(handle);
+    return Open<FileSource>(path);
 }
 
 std::unique_ptr<ByteSink> OpenFileToWrite(const std::string& path) {
-    const HANDLE handle = CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                                      CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    return handle == INVALID_HANDLE_VALUE ? nullptr : std::make_unique<FileSink>(handle);
+    return Open<FileSink>(path);
 }
 
 }  // namespace orvell::platform

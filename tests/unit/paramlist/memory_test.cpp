@@ -1,100 +1,27 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <limits>
-#include <new>
 #include <string>
 #include <vector>
 
 #include "paramlist/parameter_kind.h"
 #include "paramlist/parameter_list.h"
-#include "resources/built_in_strings.h"
-
-// The memory that the program has taken, and a limit to how often it may take some.
-namespace {
-
-constexpr std::size_t kBookkeeping = 16;
-constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
-
-std::size_t takenBytes = 0;
-std::size_t remainingAllocations = kNoLimit;
-
-/// What a block costs in the C run-time's heap: a header of 8 bytes, in steps of 8.
-std::size_t CostOf(std::size_t size) {
-    return (size + 8 + 7) / 8 * 8;
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-    if (remainingAllocations == 0 || size > kNoLimit / 4) {
-        throw std::bad_alloc();
-    }
-    if (remainingAllocations != kNoLimit) {
-        --remainingAllocations;
-    }
-    auto* const block = static_cast<std::size_t*>(std::malloc(size + kBookkeeping));
-    if (block == nullptr) {
-        throw std::bad_alloc();
-    }
-    *block = CostOf(size);
-    takenBytes += *block;
-    return reinterpret_cast<char*>(block) + kBookkeeping;
-}
-
-void operator delete(void* memory) noexcept {
-    if (memory != nullptr) {
-        auto* const block =
-            reinterpret_cast<std::size_t*>(static_cast<char*>(memory) - kBookkeeping);
-        takenBytes -= *block;
-        std::free(block);
-    }
-}
-
-void operator delete(void* memory, std::size_t /*size*/) noexcept {
-    operator delete(memory);
-}
-
-void* operator new[](std::size_t size) {
-    return operator new(size);
-}
-
-void operator delete[](void* memory) noexcept {
-    operator delete(memory);
-}
-
-void operator delete[](void* memory, std::size_t /*size*/) noexcept {
-    operator delete(memory);
-}
+#include "unit/paramlist/counted_memory.h"
 
 namespace orvell::paramlist {
 namespace {
 
-constexpr std::size_t kBytesPerEntry = 96;
+using test::FailEveryAllocation;
+using test::kNoLimit;
+using test::LimitAllocations;
+using test::TakenBytes;
 
-/// Calls `action` with 0, 1, 2, ... allocations to go until one of these suffices, and `check`
-/// after each failure.
-template <typename Action, typename Check>
-void FailEveryAllocation(const Action& action, const Check& check) {
-    for (std::size_t allocations = 0;; ++allocations) {
-        remainingAllocations = allocations;
-        try {
-            action();
-            remainingAllocations = kNoLimit;
-            EXPECT_GT(allocations, 0U) << "nothing was allocated";
-            return;
-        } catch (const std::bad_alloc&) {
-            remainingAllocations = kNoLimit;
-            check();
-        }
-    }
-}
+constexpr std::size_t kBytesPerEntry = 96;
 
 struct MemoryTest : testing::Test {
     ParameterKind kind_{"PL", ValueTypeCode::Long, nullptr};
 
     /// Bytes taken for entries since the test began.
-    [[nodiscard]] std::size_t Taken() const { return takenBytes - takenBefore_; }
+    [[nodiscard]] std::size_t Taken() const { return TakenBytes() - takenBefore_; }
 
     void Fill(std::uint32_t count, std::uint32_t step) {
         for (std::uint32_t index = 1; index <= count; ++index) {
@@ -102,7 +29,7 @@ struct MemoryTest : testing::Test {
         }
     }
 
-    std::size_t takenBefore_ = takenBytes;
+    std::size_t takenBefore_ = TakenBytes();
 };
 
 TEST_F(MemoryTest, AnEntryCostsLittle) {
@@ -198,10 +125,10 @@ TEST_F(MemoryTest, AValueBecomesUndefinedWhenMemoryIsShort) {
     value.StoreText("a text of more than eight bytes");
     FailEveryAllocation([&] { value.StoreText(text); }, [&] { EXPECT_FALSE(value.IsDefined()); });
     EXPECT_EQ(value.LoadText(), text);
-    remainingAllocations = 0;
+    LimitAllocations(0);
     value.StoreText(std::string_view(text).substr(0, 7));
     value.Store(1.5);
-    remainingAllocations = kNoLimit;
+    LimitAllocations(kNoLimit);
     EXPECT_EQ(value.Load<double>(), 1.5);
 }
 
@@ -213,14 +140,14 @@ TEST_F(MemoryTest, ValuesAreSetAndFormattedWithoutAllocations) {
     for (std::uint32_t code = 1; code <= kValueTypeCount; ++code) {
         const ValueTypeHandler& handler = *handlers.Find(static_cast<ValueTypeCode>(code));
         ParameterValue value;
-        remainingAllocations = 0;
+        LimitAllocations(0);
         EXPECT_TRUE(handler.SetFromListText(value, "12", texts));
         handler.FormatListText(value, texts, out);
         handler.FormatCsvField(value, texts, out);
         handler.SetFromCsvText(value, "12", texts);
         handler.SetFromCsvText(value, "1,5", texts);
         handler.SetFromCsvText(value, "1.1.20", texts);
-        remainingAllocations = kNoLimit;
+        LimitAllocations(kNoLimit);
     }
 }
 
