@@ -11,13 +11,12 @@ bool Fits(std::span<const std::uint8_t> buffer, ValueForm form) {
     return minimum != 0 && buffer.data() != nullptr && buffer.size() >= minimum;
 }
 
-/// Finds or creates the entry and calls `set(handler, value)`.
-/// Returns the entry with the result of `set`; null when the value may not be written.
 struct Written {
-    ParameterEntry* entry = nullptr;
+    ParameterEntry* entry = nullptr;  ///< null when the value may not be written
     bool isSet = false;
 };
 
+/// Finds or creates the entry and has `set(handler, value)` set its value.
 template <typename Set>
 Written Write(ParameterList& list, std::string_view addressText, const Set& set) {
     const ParameterAddress address = list.ParseAddress(addressText);

@@ -219,6 +219,42 @@ TEST_F(ManagementFilesTest, FileSlotsRunOncePerToken) {
     EXPECT_EQ(TextOf("PW1"), "5");
 }
 
+/// Runs out of memory in the middle of a file: where the text for undefined values is needed.
+class ShortOfMemory final : public resources::BuiltInStrings {
+  public:
+    std::string Load(std::uint32_t number) const override {
+        if (number == 111) {
+            management::SetValueFromText("PW1", "5");  // as if read before
+            throw std::bad_alloc();
+        }
+        return BuiltInStrings::Load(number);
+    }
+};
+
+TEST_F(ManagementFilesTest, ShortMemoryIsAFailureLikeAnyOther) {
+    const ShortOfMemory strings;
+    TheModule().strings.UseSource(strings);
+    BuildKinds();
+    WriteFile("LIST.SIL", kOneWord);
+    management::ImportIntoList(&project, "LIST.SIL");
+    ExpectError(kNotImported);
+    management::ExportList(&project, "OUT.SIL");
+    ExpectError(kNotSaved);
+    management::SaveList(&project);
+    ExpectError("Die Datei PLANT.SIL konnte nicht gespeichert werden.");
+}
+
+TEST_F(ManagementFilesTest, HalfALoadedListIsDropped) {
+    const ShortOfMemory strings;
+    TheModule().strings.UseSource(strings);
+    WriteFile("PLANT.SIL", kOneWord);
+    management::LoadList(&project);
+    EXPECT_EQ(List().KindCount(), 15U);
+    EXPECT_FALSE(Exists("PW1"));
+    EXPECT_EQ(List().ProjectName(), "");
+    EXPECT_TRUE(messages.shown.empty());
+}
+
 TEST_F(ManagementFilesTest, ARequestRepeatedWhileItsMessageIsOpenDoesNothing) {
     messages.whileOpen = [this] {
         ASSERT_LT(messages.shown.size(), 3U);
