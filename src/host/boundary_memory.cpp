@@ -1,6 +1,7 @@
 #include "host/boundary_memory.h"
 
 #include <cstring>
+#include <limits>
 #include <new>
 
 namespace orvell::host {
@@ -31,6 +32,21 @@ BoundaryText CopyText(std::string_view text) {
     std::memcpy(copy.get(), text.data(), text.size());
     copy.get()[text.size()] = '\0';
     return copy;
+}
+
+BoundaryBytes ZeroedBytes(std::uint64_t length) {
+    constexpr std::uint64_t kLongest = std::numeric_limits<std::int32_t>::max();
+    if (length > kLongest) {
+        return {};
+    }
+    const auto size = static_cast<std::uint32_t>(length);
+    BoundaryBytes bytes{
+        std::unique_ptr<std::uint8_t, FreeMemory>(static_cast<std::uint8_t*>(std::calloc(1, size))),
+        size};
+    if (bytes.memory == nullptr) {
+        bytes.length = 0;
+    }
+    return bytes;
 }
 
 void FreeNameList(NameListNode* head) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <span>
@@ -20,6 +21,18 @@ using BoundaryText = std::unique_ptr<char, FreeMemory>;
 
 /// A NUL-terminated copy of the text. Throws std::bad_alloc when there is no memory.
 [[nodiscard]] BoundaryText CopyText(std::string_view text);
+
+/// Value bytes on their way to the host.
+struct BoundaryBytes {
+    std::unique_ptr<std::uint8_t, FreeMemory> memory;
+    std::uint32_t length = 0;
+
+    [[nodiscard]] std::span<std::uint8_t> Span() const { return {memory.get(), length}; }
+};
+
+/// Zeroed room for a value of so many bytes; none when memory is short, and for more than the
+/// 2 GiB - 1 that an object can have.
+[[nodiscard]] BoundaryBytes ZeroedBytes(std::uint64_t length);
 
 /// Frees all nodes of a name list and both texts of each; null is an empty list.
 void FreeNameList(NameListNode* head);

@@ -1,6 +1,7 @@
 #include "host/sized_record.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 
 namespace orvell::host {
@@ -55,6 +56,19 @@ void DropCutPointer(void* record, std::uint32_t senderSize, std::span<const std:
     for (const std::size_t offset : offsets) {
         if (senderSize > offset && senderSize < offset + sizeof(void*)) {
             std::memset(static_cast<unsigned char*>(record) + offset, 0, sizeof(void*));
+        }
+    }
+}
+
+void FreeWhatDoesNotFit(void* record, std::uint32_t receiverSize,
+                        std::span<const std::size_t> ownedOffsets) {
+    for (const std::size_t offset : ownedOffsets) {
+        if (receiverSize < offset + sizeof(void*)) {
+            void* pointer = nullptr;
+            auto* place = static_cast<unsigned char*>(record) + offset;
+            std::memcpy(&pointer, place, sizeof pointer);
+            std::free(pointer);
+            std::memset(place, 0, sizeof pointer);
         }
     }
 }

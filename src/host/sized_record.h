@@ -40,8 +40,46 @@ template <>
 inline constexpr std::array kPointerOffsets<TypeInformationRecord>{
     offsetof(TypeInformationRecord, name), offsetof(TypeInformationRecord, baseTypeName)};
 template <>
+inline constexpr std::array kPointerOffsets<ParameterDescriptionRecord>{
+    offsetof(ParameterDescriptionRecord, bytes), offsetof(ParameterDescriptionRecord, texts),
+    offsetof(ParameterDescriptionRecord, address)};
+template <>
 inline constexpr std::array kPointerOffsets<ElementRecord>{offsetof(ElementRecord, name),
                                                            offsetof(ElementRecord, typeName)};
+
+template <>
+inline constexpr std::array kPointerOffsets<DialogParameterRecord>{
+    offsetof(DialogParameterRecord, owner), offsetof(DialogParameterRecord, block),
+    offsetof(DialogParameterRecord, bytes), offsetof(DialogParameterRecord, name),
+    offsetof(DialogParameterRecord, extension)};
+template <>
+inline constexpr std::array kPointerOffsets<FillRecord>{offsetof(FillRecord, Put)};
+template <>
+inline constexpr auto kPointerOffsets<OnlineAccessRecord> = [] {
+    std::array<std::size_t, sizeof(OnlineAccessRecord) / sizeof(void*) - 1> offsets{};
+    for (std::size_t i = 0; i < offsets.size(); ++i) {
+        offsets[i] = (i + 1) * sizeof(void*);  // behind the size word nothing but pointers
+    }
+    return offsets;
+}();
+
+/// Places of the pointers whose memory a record owns: it comes from the module's allocator.
+template <typename Record>
+inline constexpr std::array<std::size_t, 0> kOwnedOffsets{};
+template <>
+inline constexpr std::array kOwnedOffsets<ParameterRecord>{offsetof(ParameterRecord, bytes)};
+template <>
+inline constexpr std::array kOwnedOffsets<DialogParameterRecord>{
+    offsetof(DialogParameterRecord, block), offsetof(DialogParameterRecord, bytes)};
+template <>
+inline constexpr std::array kOwnedOffsets<ParameterDescriptionRecord>{
+    offsetof(ParameterDescriptionRecord, bytes)};
+template <>
+inline constexpr std::array kOwnedOffsets<TypeInformationRecord>{
+    offsetof(TypeInformationRecord, name), offsetof(TypeInformationRecord, baseTypeName)};
+template <>
+inline constexpr std::array kOwnedOffsets<ElementRecord>{offsetof(ElementRecord, name),
+                                                         offsetof(ElementRecord, typeName)};
 
 /// Zeroes the pointer that the sender's size cuts in two, if any: half a pointer is none.
 void DropCutPointer(void* record, std::uint32_t senderSize, std::span<const std::size_t> offsets);
@@ -67,5 +105,35 @@ template <typename Record>
     CopySizedTable(static_cast<void*>(hostRecord), &emptied, false);
     return record;
 }
+
+/// Frees and zeroes those of the record's own pointers that do not fit whole into the receiver's
+/// size.
+void FreeWhatDoesNotFit(void* record, std::uint32_t receiverSize,
+                        std::span<const std::size_t> ownedOffsets);
+
+/// A record of ours on its way to the host. What it owns at its end is freed.
+template <typename Record>
+class OwnedRecord {
+  public:
+    OwnedRecord() { record_.size = sizeof(Record); }
+    explicit OwnedRecord(const Record& record) : record_(record) {}
+    OwnedRecord(OwnedRecord&& other) noexcept : record_(other.record_) { other.record_ = {}; }
+    OwnedRecord& operator=(OwnedRecord&&) = delete;
+    ~OwnedRecord() { FreeWhatDoesNotFit(&record_, 0, kOwnedOffsets<Record>); }
+
+    [[nodiscard]] Record* operator->() { return &record_; }
+
+    /// Moves the record into the host's, which takes over what fits. With `clear` the host's whole
+    /// declared size is zeroed first. A null host record takes nothing.
+    void HandOver(Record* hostRecord, bool clear) {
+        if (hostRecord != nullptr) {
+            FreeWhatDoesNotFit(&record_, hostRecord->size, kOwnedOffsets<Record>);
+        }
+        CopySizedTable(static_cast<void*>(&record_), hostRecord, clear);
+    }
+
+  private:
+    Record record_{};
+};
 
 }  // namespace orvell::host

@@ -29,21 +29,30 @@ void ORVELL_CALL ExportStdMemConfig(ConfigurationRecord* record, const char* dir
 void ORVELL_CALL MergeStdMemConfig(ConfigurationRecord* record, const char* directory,
                                    uint32_t token) noexcept;
 
+// Transfer slots: values to and from the host's functions. They run on the host's thread.
+int32_t ORVELL_CALL ConvertStdParameter(ParameterRecord* record,
+                                        OnlineAccessRecord* online) noexcept;
+int32_t ORVELL_CALL ReadStdParameterOnline(ParameterRecord* record, OnlineAccessRecord* online,
+                                           volatile uint32_t* cancel) noexcept;
+int32_t ORVELL_CALL WriteStdParameterOnline(ParameterRecord* record, OnlineAccessRecord* online,
+                                            volatile uint32_t* cancel) noexcept;
+int32_t ORVELL_CALL FillStdParameterValue(ParameterRecord* record, FillRecord* host) noexcept;
+int32_t ORVELL_CALL FillStdParameterValueInPlace(ParameterRecord* record,
+                                                 FillRecord* host) noexcept;
+
+// Builds a value from texts or from the parameter list.
+int32_t ORVELL_CALL ResolveStdParameter(ParameterDescriptionRecord* record) noexcept;
+
+// Type-information slots.
+int32_t ORVELL_CALL GetStdStructMemberInfo(int32_t identifier, ElementRecord* element,
+                                           TypeInformationRecord* record) noexcept;
+int32_t ORVELL_CALL GetStdStructInfo(int32_t identifier, TypeInformationRecord* record) noexcept;
+int32_t ORVELL_CALL GetStdTypeInfo(int32_t identifier, TypeInformationRecord* record) noexcept;
+int32_t ORVELL_CALL GetStdEnumInfo(int32_t identifier, uint32_t position,
+                                   TypeInformationRecord* record) noexcept;
+
 // Services that the module does not offer yet; they answer with their failure value.
 int32_t ORVELL_CALL EditStdParameter(DialogParameterRecord*, OnlineAccessRecord*) noexcept;
-int32_t ORVELL_CALL ConvertStdParameter(ParameterRecord*, OnlineAccessRecord*) noexcept;
-int32_t ORVELL_CALL ResolveStdParameter(ParameterDescriptionRecord*) noexcept;
-int32_t ORVELL_CALL GetStdStructMemberInfo(int32_t, ElementRecord*,
-                                           TypeInformationRecord*) noexcept;
-int32_t ORVELL_CALL GetStdStructInfo(int32_t, TypeInformationRecord*) noexcept;
-int32_t ORVELL_CALL ReadStdParameterOnline(ParameterRecord*, OnlineAccessRecord*,
-                                           volatile uint32_t*) noexcept;
-int32_t ORVELL_CALL WriteStdParameterOnline(ParameterRecord*, OnlineAccessRecord*,
-                                            volatile uint32_t*) noexcept;
-int32_t ORVELL_CALL FillStdParameterValue(ParameterRecord*, FillRecord*) noexcept;
-int32_t ORVELL_CALL FillStdParameterValueInPlace(ParameterRecord*, FillRecord*) noexcept;
-int32_t ORVELL_CALL GetStdTypeInfo(int32_t, TypeInformationRecord*) noexcept;
-int32_t ORVELL_CALL GetStdEnumInfo(int32_t, uint32_t, TypeInformationRecord*) noexcept;
 
 }  // namespace orvell::host::slots
 

@@ -1,6 +1,7 @@
 #include "host/boundary_memory.h"
 #include "host/guard.h"
 #include "host/module.h"
+#include "host/parameter_record.h"
 #include "host/sized_record.h"
 #include "host/standard_parameter_slots.h"
 
@@ -8,34 +9,8 @@ namespace orvell::host {
 
 using memstruct::TypeDef;
 using values::ConstValueBuffer;
-using values::DisplayFormat;
 
 namespace {
-
-constexpr std::uint32_t kShortestVector = 2;
-
-const TypeDef* TypeOf(std::int32_t identifier) {
-    return TheModule().store.TypeOfArea(static_cast<std::uint32_t>(identifier));
-}
-
-bool IsVector(const ParameterRecord& record) {
-    return record.count >= kShortestVector;
-}
-
-ConstValueBuffer ValueBytes(const ParameterRecord& record) {
-    if (record.bytes == nullptr) {
-        return {};
-    }
-    return {static_cast<const std::uint8_t*>(record.bytes), record.length};
-}
-
-DisplayFormat FormatOf(const ParameterRecord& record) {
-    constexpr std::uint8_t kFormatBits = 0x0F;
-    const std::uint32_t format = record.format & kFormatBits;
-    return format <= static_cast<std::uint32_t>(DisplayFormat::Hexadecimal)
-               ? static_cast<DisplayFormat>(format)
-               : DisplayFormat::Default;
-}
 
 char* ParameterText(const ParameterRecord& record) {
     if (record.bytes == nullptr) {
@@ -47,8 +22,9 @@ char* ParameterText(const ParameterRecord& record) {
     const bool bare = record.attribute != 0;
     std::string text;
     const bool done =
-        IsVector(record) ? store.VectorText(type, bytes, record.count, FormatOf(record), bare, text)
-                         : store.ValueText(type, bytes, FormatOf(record), bare, text);
+        IsVector(record.count)
+            ? store.VectorText(type, bytes, record.count, FormatOf(record.format), bare, text)
+            : store.ValueText(type, bytes, FormatOf(record.format), bare, text);
     return done && !text.empty() ? CopyText(text).release() : nullptr;
 }
 
@@ -57,16 +33,17 @@ NameListNode* ParameterLeaves(const ParameterRecord& record) {
     const TypeDef* type = TypeOf(record.identifier);
     const ConstValueBuffer bytes = ValueBytes(record);
     std::vector<memstruct::NamedText> leaves;
-    const bool done = IsVector(record) ? store.FlattenVector(type, bytes, record.count, leaves)
-                                       : store.FlattenValue(type, "", bytes, leaves);
+    const bool done = IsVector(record.count)
+                          ? store.FlattenVector(type, bytes, record.count, leaves)
+                          : store.FlattenValue(type, "", bytes, leaves);
     return done ? MakeNameList(leaves).release() : nullptr;
 }
 
 bool ParameterFits(const ParameterRecord& record) {
     const memstruct::MemoryStructureStore& store = TheModule().store;
     const TypeDef* type = TypeOf(record.identifier);
-    return IsVector(record) ? store.CheckVectorFits(type, ValueBytes(record), record.count)
-                            : store.CheckValueFits(type, ValueBytes(record));
+    return IsVector(record.count) ? store.CheckVectorFits(type, ValueBytes(record), record.count)
+                                  : store.CheckValueFits(type, ValueBytes(record));
 }
 
 }  // namespace

@@ -106,7 +106,8 @@ void TypeResolution::CompleteStructured(TypeDef& type) {
     type.storedSize = 0;
     type.signedness = kNoSignedness;
     type.itemsWithValues.clear();
-    for (const StructItem& item : type.structItems) {
+    for (StructItem& item : type.structItems) {
+        item.offset = type.storedSize;
         if (item.type == nullptr) {
             continue;
         }

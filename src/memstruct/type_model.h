@@ -16,6 +16,7 @@ struct StructItem {
     std::string typeName;           ///< not empty, as written in the file
     const TypeDef* type = nullptr;  ///< the type of that name, null when there is none
     std::uint32_t dimension = 1;    ///< consecutive values of the element's type, at least 1
+    std::uint32_t offset = 0;       ///< derived: bytes from the structure's start, modulo 2^32
 };
 
 /// A named type: one of the base types with its attributes, an enumeration or a structure.
