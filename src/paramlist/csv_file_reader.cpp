@@ -60,6 +60,7 @@ class CsvFileImport : public CsvFileRecords {
             Warn(StringId::WarningInvalidAddress, line, addressText);
             return false;
         }
+        kind_->PrefetchBehind(*number);
         entry_ = kind_->Find(*number);
         if (entry_ == nullptr) {
             Warn(StringId::WarningNotDefined, line, addressText);

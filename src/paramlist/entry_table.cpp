@@ -20,6 +20,9 @@ constexpr std::size_t kSlotsToKeep = 4;
 // Up to this many numbers for each entry it is cheaper to look for every number than to sort.
 constexpr std::uint32_t kWidestGap = 8;
 
+constexpr int kForWriting = 1;
+constexpr std::size_t kCacheLineBytes = 64;
+
 }  // namespace
 
 ParameterEntry* EntryTable::FindFirst(std::uint32_t number) const {
@@ -32,6 +35,16 @@ ParameterEntry* EntryTable::FindFirst(std::uint32_t number) const {
         }
     }
     return nullptr;
+}
+
+void EntryTable::Prefetch(std::uint32_t number) const {
+    if (slots_.empty()) {
+        return;
+    }
+    // An entry lies in two cache lines. Those of a null pointer may be asked for as well.
+    const char* const entry = reinterpret_cast<const char*>(slots_[SlotOf(number)]);
+    __builtin_prefetch(entry, kForWriting);
+    __builtin_prefetch(entry + kCacheLineBytes, kForWriting);
 }
 
 void EntryTable::Reserve() {

@@ -40,6 +40,7 @@ class ListFileImport : public ListFileRecords {
     }
 
     [[nodiscard]] ParameterEntry* EntryOf(ParameterKind& kind, std::uint32_t number) const {
+        kind.PrefetchBehind(number);
         return scope_ == ListFileScope::ExistingEntries ? kind.Find(number)
                                                         : &kind.Obtain(number, false);
     }

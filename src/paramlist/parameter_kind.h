@@ -38,6 +38,9 @@ class ParameterKind {
     [[nodiscard]] ParameterEntry* Find(std::uint32_t number);
     [[nodiscard]] const ParameterEntry* Find(std::uint32_t number) const;
 
+    /// Tells that entries soon behind this number will be asked for, as the readers of files do.
+    void PrefetchBehind(std::uint32_t number) const { table_.Prefetch(number + kPrefetchDistance); }
+
     /// The oldest entry with this number that has some flag of `mask` (`isSet`) or none of them
     /// (not `isSet`); null when there is none.
     [[nodiscard]] ParameterEntry* FindMarked(std::uint32_t number, std::uint32_t mask, bool isSet);
@@ -83,6 +86,9 @@ class ParameterKind {
     [[nodiscard]] std::vector<const ParameterEntry*> EntriesInOrder() const;
 
   private:
+    /// Far enough for an entry to arrive in time, near enough for it to be there still.
+    static constexpr std::uint32_t kPrefetchDistance = 4;
+
     std::string keyword_;
     ValueTypeCode valueType_;
     const ValueTypeHandler* handler_;
