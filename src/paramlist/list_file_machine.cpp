@@ -132,6 +132,9 @@ void ListFileMachine::Consume(std::string_view piece) {
     const char* position = piece.data();
     const char* const end = position + piece.size();
     while (position != end) {
+        if (state_ == 0 && TakeWrittenRecord(position, end)) {
+            continue;
+        }
         const char* const start = position;
         ChangeState(*start);
         position = EndOfRun(start + 1, end, state_);
@@ -146,16 +149,28 @@ void ListFileMachine::Consume(std::string_view piece) {
 
 bool ListFileMachine::Finish() {
     if (IsRecordComplete(state_)) {
-        TakeOver();
+        TakeOverCollected();
     }
     return hasRecord_ || state_ == 0;
+}
+
+/// Goes on behind the record that begins at `position`, if `ScanWrittenRecord` finds one there.
+bool ListFileMachine::TakeWrittenRecord(const char*& position, const char* end) {
+    ListFileRecord written;
+    const char* const behind = ScanWrittenRecord(position, end, written);
+    if (behind == nullptr) {
+        return false;
+    }
+    TakeOver(written);
+    position = behind;
+    return true;
 }
 
 void ListFileMachine::ChangeState(char character) {
     const std::uint8_t before = state_;
     state_ = kTransitions[before][static_cast<unsigned char>(character)];
     if (character == '\n' && IsRecordComplete(before)) {
-        TakeOver();
+        TakeOverCollected();
     }
     if (state_ == before || kFields[state_] == kFieldCount) {
         return;
@@ -177,21 +192,30 @@ void ListFileMachine::Collect(std::size_t field, std::string_view characters) {
     }
 }
 
-void ListFileMachine::TakeOver() {
-    records_.TakeOver({texts_[kKeyword].View(), number_, WithBlanks(kName, 0),
-                       WithBlanks(kValue, 1), WithBlanks(kComment, 0)});
+void ListFileMachine::TakeOverCollected() {
+    TakeOver({.keyword = texts_[kKeyword].View(),
+              .number = number_,
+              .name = texts_[kName].View(),
+              .value = texts_[kValue].View(),
+              .comment = texts_[kComment].View()});
+}
+
+void ListFileMachine::TakeOver(const ListFileRecord& written) {
+    const std::string_view value = WithBlanks(kValue, written.value);
+    textsWithBlanks_[kValue].front() = written.value.front();
+    records_.TakeOver({written.keyword, written.number, WithBlanks(kName, written.name), value,
+                       WithBlanks(kComment, written.comment)});
     hasRecord_ = true;
 }
 
-/// The field's text with the marks from `start` on turned back into blanks.
-std::string_view ListFileMachine::WithBlanks(Field field, std::size_t start) {
-    const std::string_view text = texts_[field].View();
+/// The text with its marks turned back into blanks; valid until the field's next one.
+std::string_view ListFileMachine::WithBlanks(Field field, std::string_view text) {
     std::string& changed = textsWithBlanks_[field];
-    changed.resize(text.size());
-    std::transform(text.begin(), text.end(), changed.begin(),
-                   [](char character) { return character == kListFileBlank ? ' ' : character; });
-    std::copy_n(text.begin(), start, changed.begin());
-    return changed;
+    if (changed.size() < text.size()) {
+        changed.resize(text.size());
+    }
+    CopyReplacing<kListFileBlank, ' '>(text, changed.data());
+    return {changed.data(), text.size()};
 }
 
 }  // namespace orvell::paramlist

@@ -6,18 +6,10 @@
 #include <string>
 #include <string_view>
 
+#include "paramlist/list_file_record.h"
 #include "paramlist/text_collector.h"
 
 namespace orvell::paramlist {
-
-/// A record of a list file: the fields as written, with blanks for at signs.
-struct ListFileRecord {
-    std::string_view keyword;  ///< never empty
-    std::uint32_t number = 0;  ///< modulo 2^32
-    std::string_view name;     ///< never empty, as are value and comment
-    std::string_view value;    ///< its first character is as written
-    std::string_view comment;
-};
 
 /// Takes what a list file holds.
 class ListFileRecords {
@@ -27,7 +19,8 @@ class ListFileRecords {
     ListFileRecords& operator=(const ListFileRecords&) = delete;
     virtual ~ListFileRecords() = default;
 
-    /// The record's texts are valid during the call only.
+    /// The record has blanks for at signs, but its value's first character as it is written. Its
+    /// texts are valid during the call only.
     virtual void TakeOver(const ListFileRecord& record) = 0;
 };
 
@@ -49,8 +42,10 @@ class ListFileMachine {
 
     void ChangeState(char character);
     void Collect(std::size_t field, std::string_view characters);
-    void TakeOver();
-    [[nodiscard]] std::string_view WithBlanks(Field field, std::size_t start);
+    [[nodiscard]] bool TakeWrittenRecord(const char*& position, const char* end);
+    void TakeOverCollected();
+    void TakeOver(const ListFileRecord& written);
+    [[nodiscard]] std::string_view WithBlanks(Field field, std::string_view text);
 
     ListFileRecords& records_;
     std::uint8_t state_ = 0;

@@ -24,7 +24,8 @@ class TextReader {
     [[nodiscard]] std::string_view Translate(std::size_t size);
 
     platform::ByteSource& source_;
-    std::vector<char> buffer_;
+    std::vector<char> bytes_;  ///< as read
+    std::vector<char> text_;
     bool hasHeldReturn_ = false;  ///< the last block ended in a CR that is still to be given out
     bool isAtEnd_ = false;
 };

@@ -5,16 +5,27 @@
 #include <algorithm>
 #include <bit>
 #include <cstddef>
+#include <string_view>
 
 namespace orvell::paramlist {
 
 // Searches for characters in the text of files, 16 bytes at a time (SSE2, which every processor
 // that runs the host has).
 
+inline constexpr std::ptrdiff_t kBytesPerStep = 16;
+
+[[nodiscard]] inline __m128i LoadSixteen(const char* position) {
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(position));
+}
+
+inline void StoreSixteen(char* position, __m128i block) {
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(position), block);
+}
+
 /// A bit for each of the 16 bytes from `position` on, set where it is one of the characters.
 template <char... characters>
 [[nodiscard]] inline unsigned MatchSixteen(const char* position) {
-    const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(position));
+    const __m128i block = LoadSixteen(position);
     return (
         static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, _mm_set1_epi8(characters)))) |
         ...);
@@ -23,8 +34,7 @@ template <char... characters>
 /// The first of the characters in the text from `position` to `end`, `end` when there is none.
 template <char... characters>
 [[nodiscard]] inline const char* FindFirstOf(const char* position, const char* end) {
-    constexpr std::ptrdiff_t kStep = 16;
-    for (; end - position >= kStep; position += kStep) {
+    for (; end - position >= kBytesPerStep; position += kBytesPerStep) {
         if (const unsigned matches = MatchSixteen<characters...>(position); matches != 0) {
             return position + std::countr_zero(matches);
         }
@@ -36,15 +46,56 @@ template <char... characters>
 /// The first byte from `position` to `end` that is none of the characters, `end` when all are.
 template <char... characters>
 [[nodiscard]] inline const char* FindFirstNotOf(const char* position, const char* end) {
-    constexpr std::ptrdiff_t kStep = 16;
     constexpr unsigned kAll = 0xFFFF;
-    for (; end - position >= kStep; position += kStep) {
+    for (; end - position >= kBytesPerStep; position += kBytesPerStep) {
         if (const unsigned others = MatchSixteen<characters...>(position) ^ kAll; others != 0) {
             return position + std::countr_zero(others);
         }
     }
     return std::find_if(position, end,
                         [](char character) { return ((character != characters) && ...); });
+}
+
+/// Copies the text from `position` to `end` up to the first `character`, and tells how much of it
+/// that is. `out` has room for the text's length and 15 bytes more.
+template <char character>
+[[nodiscard]] inline std::size_t CopyUntil(const char* position, const char* end, char* out) {
+    const char* const start = position;
+    for (; end - position >= kBytesPerStep; position += kBytesPerStep) {
+        StoreSixteen(out + (position - start), LoadSixteen(position));
+        if (const unsigned matches = MatchSixteen<character>(position); matches != 0) {
+            return static_cast<std::size_t>(position - start + std::countr_zero(matches));
+        }
+    }
+    for (; position != end && *position != character; ++position) {
+        out[position - start] = *position;
+    }
+    return static_cast<std::size_t>(position - start);
+}
+
+/// Copies 16 bytes with `to` in the place of every `from`.
+template <char from, char to>
+inline void ReplaceSixteen(const char* in, char* out) {
+    const __m128i block = LoadSixteen(in);
+    const __m128i marks = _mm_cmpeq_epi8(block, _mm_set1_epi8(from));
+    StoreSixteen(out, _mm_xor_si128(block, _mm_and_si128(marks, _mm_set1_epi8(from ^ to))));
+}
+
+/// Copies the text with `to` in the place of every `from` to `out`, which is no part of the text
+/// and has room for it.
+template <char from, char to>
+inline void CopyReplacing(std::string_view text, char* out) {
+    const std::size_t size = text.size();
+    if (size < kBytesPerStep) {
+        std::replace_copy(text.begin(), text.end(), out, from, to);
+        return;
+    }
+    // The last step begins so that it ends with the text, wherever the one before has ended.
+    const std::size_t lastStep = size - kBytesPerStep;
+    for (std::size_t position = 0; position < lastStep; position += kBytesPerStep) {
+        ReplaceSixteen<from, to>(text.data() + position, out + position);
+    }
+    ReplaceSixteen<from, to>(text.data() + lastStep, out + lastStep);
 }
 
 }  // namespace orvell::paramlist

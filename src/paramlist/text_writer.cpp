@@ -21,14 +21,14 @@ bool TextWriter::Flush() {
 }
 
 void TextWriter::Translate() {
-    translated_.resize(2 * text_.size());
+    translated_.resize(2 * text_.size() + kBytesPerStep);
     char* out = translated_.data();
     const char* const end = text_.data() + text_.size();
     for (const char* in = text_.data(); in != end;) {
-        const char* const lineFeed = FindFirstOf<'\n'>(in, end);
-        out = std::copy(in, lineFeed, out);
-        in = lineFeed;
-        if (lineFeed != end) {
+        const std::size_t length = CopyUntil<'\n'>(in, end, out);
+        in += length;
+        out += length;
+        if (in != end) {
             *out++ = '\r';
             *out++ = *in++;
         }

@@ -150,6 +150,36 @@ TEST(TextScanTest, FindsTheFirstMatchAtEveryDistance) {
     }
 }
 
+TEST(TextScanTest, CopiesUpToTheFirstMatchWithinTheRoom) {
+    for (std::size_t length = 0; length < 70; ++length) {
+        for (std::size_t place = 0; place <= length; ++place) {
+            std::string text(length, 'x');
+            if (place < length) {
+                text[place] = text[length - 1] = '\n';
+            }
+            std::vector<char> out(length + kBytesPerStep - 1, '-');
+            const char* const begin = text.data();
+            ASSERT_EQ(CopyUntil<'\n'>(begin, begin + length, out.data()), place) << length;
+            ASSERT_EQ(std::string(out.data(), place), std::string(place, 'x')) << length;
+        }
+    }
+}
+
+TEST(TextScanTest, ReplacesEveryMatchAndNothingElse) {
+    for (std::size_t length = 0; length < 70; ++length) {
+        std::string text(length, ' ');
+        std::string expected(length, ' ');
+        for (std::size_t place = 0; place < length; ++place) {
+            text[place] = place % 3 == 0 ? '@' : static_cast<char>(0x3F + place);
+            expected[place] = text[place] == '@' ? ' ' : text[place];
+        }
+        std::vector<char> out(length + 1, '-');
+        CopyReplacing<'@', ' '>(text, out.data());
+        ASSERT_EQ(std::string(out.data(), length), expected);
+        ASSERT_EQ(out[length], '-') << "written beyond the text";
+    }
+}
+
 TEST(TextCollectorTest, JoinsRunsOfAPieceAndKeepsThemBeyondIt) {
     TextCollector collector;
     EXPECT_TRUE(collector.IsEmpty());
