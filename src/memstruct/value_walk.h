@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -54,10 +55,11 @@ class ValueWalk {
 
     [[nodiscard]] const TypeDef& LeafType() const { return *leaf_; }
 
-    /// The bytes from the leaf on; too few for the leaf when the buffer ends inside it.
+    /// The bytes from the leaf on; too few for the leaf when the buffer ends inside it, none when
+    /// it ends before.
     template <typename Byte>
     [[nodiscard]] std::span<Byte> Rest(std::span<Byte> buffer) const {
-        return buffer.subspan(static_cast<std::size_t>(position_));
+        return buffer.subspan(std::min(static_cast<std::size_t>(position_), buffer.size()));
     }
 
     /// Index of the vector's element that the leaf belongs to; 0 in a single value.

@@ -2,8 +2,14 @@
 
 namespace orvell::platform {
 
+// Black on white, as in the default colours of Windows.
+
 std::uint32_t WindowTextColor() {
     return 0;
-}  // black, as in the default colours of Windows
+}
+
+std::uint32_t WindowColor() {
+    return 0x00FFFFFF;
+}
 
 }  // namespace orvell::platform

@@ -8,4 +8,8 @@ std::uint32_t WindowTextColor() {
     return GetSysColor(COLOR_WINDOWTEXT);
 }
 
+std::uint32_t WindowColor() {
+    return GetSysColor(COLOR_WINDOW);
+}
+
 }  // namespace orvell::platform
