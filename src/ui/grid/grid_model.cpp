@@ -12,6 +12,15 @@ bool HasRoom(int rows, int columns) {
     return std::int64_t{rows} * columns <= GridModel::kMaxCellCount;
 }
 
+bool IsDecimalNumber(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+bool IsChoice(const GridChoices& choices, std::string_view text) {
+    return choices != nullptr &&
+           std::find(choices->begin(), choices->end(), text) != choices->end();
+}
+
 }  // namespace
 
 void GridModel::SetFixedRowCount(int count) {
@@ -202,6 +211,21 @@ bool GridModel::IsValueCell(int row, int column) const {
 bool GridModel::IsCellEditable(int row, int column) const {
     const CGridCellBase* const cell = CellAt(row, column);
     return editable_ && cell != nullptr && IsValueCell(row, column) && !cell->IsReadOnly();
+}
+
+bool GridModel::TakesText(int row, int column, std::string_view text) const {
+    if (!IsCellEditable(row, column)) {
+        return false;
+    }
+    switch (GetCellType(row, column)) {
+        case GridCellKind::Text:
+            return true;
+        case GridCellKind::Check:
+            return false;
+        case GridCellKind::Combo:
+            return IsDecimalNumber(text) || IsChoice(GetChoices(row, column), text);
+    }
+    return false;
 }
 
 int GridModel::FirstValueColumn() const {

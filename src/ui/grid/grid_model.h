@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "ui/grid/grid_cell.h"
+#include "ui/grid/grid_cell_source.h"
 
 namespace orvell::ui {
 
@@ -19,7 +20,7 @@ namespace orvell::ui {
 /// A place outside the grid may be asked for everything and given anything: it answers with empty
 /// texts and zeroes and keeps nothing. Functions that make cells throw std::bad_alloc when memory
 /// is short; the grid then is as it was.
-class GridModel {
+class GridModel final : public GridCellSource {
   public:
     /// A grid has at most this many cells, so that each has a number of its own in 31 bits.
     static constexpr int kMaxCellCount = std::numeric_limits<int>::max() - 1;
@@ -76,19 +77,22 @@ class GridModel {
 
     /// Makes the cell one of this kind and keeps what all kinds hold. False when there is no cell.
     bool SetCellType(int row, int column, GridCellKind kind);
-    [[nodiscard]] GridCellKind GetCellType(int row, int column) const;
+    [[nodiscard]] GridCellKind GetCellType(int row, int column) const override;
 
     /// The choices of a combo cell; other cells have none.
     void SetChoices(int row, int column, GridChoices choices);
     [[nodiscard]] GridChoices GetChoices(int row, int column) const;
 
-    /// The cell at this place, null outside the grid. Valid until rows or columns come or go.
-    [[nodiscard]] const CGridCellBase* CellAt(int row, int column) const;
+    [[nodiscard]] const CGridCellBase* CellAt(int row, int column) const override;
 
     [[nodiscard]] bool IsFixed(int row, int column) const;
     [[nodiscard]] bool IsValueCell(int row, int column) const;
     /// Whether the user may change this cell's text or check mark.
     [[nodiscard]] bool IsCellEditable(int row, int column) const;
+    /// Whether an edit of this cell may end with this text: any for a text cell, none for a check
+    /// cell; for a combo cell one of its choices, or a decimal number, as which a value without a
+    /// name is shown.
+    [[nodiscard]] bool TakesText(int row, int column, std::string_view text) const;
     /// Column of the first value cell of each row; the column count when there are none.
     [[nodiscard]] int FirstValueColumn() const;
 

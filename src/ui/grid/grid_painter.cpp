@@ -1,0 +1,212 @@
+#include "ui/grid/grid_painter.h"
+
+#include <algorithm>
+
+namespace orvell::ui {
+namespace {
+
+static_assert(kGridTextCentred == DT_CENTER && kGridTextRight == DT_RIGHT);
+static_assert(kGridTextCentredVertically == DT_VCENTER && kGridTextSingleLine == DT_SINGLELINE);
+
+constexpr int kLine = 1;  // between the cells
+
+GridRect Shrunk(const GridRect& rect, int by) {
+    return {rect.left + by, rect.top + by, rect.right - by, rect.bottom - by};
+}
+
+int Centred(int from, int to, int size) {
+    return from + (to - from - size) / 2;
+}
+
+/// More characters than pixels cannot be seen.
+int VisibleLength(const std::string& text, const GridRect& room) {
+    const int pixels = std::max(room.right - room.left, 0);
+    return static_cast<int>(std::min(text.size(), static_cast<std::size_t>(pixels) + 1));
+}
+
+int TextLeft(const GridRect& room, std::uint32_t format, int width) {
+    if ((format & kGridTextCentred) != 0) {
+        return Centred(room.left, room.right, width);
+    }
+    return (format & kGridTextRight) != 0 ? room.right - width : room.left;
+}
+
+}  // namespace
+
+GridRect CheckBoxRect(const GridRect& cell, const GridMetrics& metrics) {
+    const int left = cell.left + metrics.padding;
+    const int top = Centred(cell.top, cell.bottom, metrics.checkBox);
+    return {left, top, left + metrics.checkBox, top + metrics.checkBox};
+}
+
+GridRect ArrowRect(const GridRect& cell, const GridMetrics& metrics) {
+    return {std::max(cell.right - metrics.arrow, cell.left), cell.top, cell.right, cell.bottom};
+}
+
+GridPainter::GridPainter(HDC canvas, const GridView& view)
+    : canvas_(canvas), view_(view), savedState_(SaveDC(canvas)) {
+    SetBkMode(canvas_, TRANSPARENT);
+}
+
+GridPainter::~GridPainter() {
+    RestoreDC(canvas_, savedState_);
+}
+
+void GridPainter::Paint(const GridRect& area) const {
+    Fill(area, view_.colours.face);
+    const std::vector<int> columns = view_.layout.ColumnsIn(area);
+    PaintRows(view_.layout.ScrolledRowsIn(area), columns);
+    PaintRows(view_.layout.FixedRowsIn(area), columns);
+    PaintCurrentFrame();
+}
+
+void GridPainter::PaintRows(const GridRows& rows, const std::vector<int>& columns) const {
+    for (int row = rows.first; row < rows.end; ++row) {
+        for (const int column : columns) {
+            PaintCell({row, column});
+        }
+    }
+}
+
+void GridPainter::PaintCell(GridPosition position) const {
+    const CGridCellBase* const cell = view_.cells.CellAt(position.row, position.column);
+    const GridRect whole = view_.layout.CellRect(position);
+    const GridRect inside = {whole.left, whole.top, whole.right - kLine, whole.bottom - kLine};
+    const GridRect visible = view_.layout.VisiblePart(position);
+    if (cell == nullptr || visible.IsEmpty()) {
+        return;
+    }
+    const CellColours colours = ColoursOf(position, *cell);
+    Fill(visible, view_.colours.line);
+    const GridRect visibleInside = Intersection(inside, visible);
+    Fill(visibleInside, colours.back);
+    SetTextColor(canvas_, colours.text);
+    const int beforeClip = SaveDC(canvas_);
+    IntersectClipRect(canvas_, visibleInside.left, visibleInside.top, visibleInside.right,
+                      visibleInside.bottom);
+    PaintExtras(position, inside, *cell, colours.text);
+    RestoreDC(canvas_, beforeClip);
+}
+
+void GridPainter::PaintExtras(GridPosition position, GridRect inside, const CGridCellBase& cell,
+                              Colour text) const {
+    GridRect room = {inside.left + view_.metrics.padding, inside.top,
+                     inside.right - view_.metrics.padding, inside.bottom};
+    if (IsHeading(position)) {
+        RECT edge = ToRect(inside);
+        DrawEdge(canvas_, &edge, BDR_RAISEDINNER, BF_RECT);
+    } else if (const GridCellKind kind = view_.cells.GetCellType(position.row, position.column);
+               kind == GridCellKind::Check) {
+        PaintCheckBox(inside, cell);
+        room.left += view_.metrics.checkBox + view_.metrics.padding;
+    } else if (kind == GridCellKind::Combo && !cell.IsReadOnly()) {
+        PaintArrow(inside, text);
+        room.right = ArrowRect(inside, view_.metrics).left;
+    }
+    PaintText(cell, room, inside);
+}
+
+void GridPainter::PaintCheckBox(const GridRect& inside, const CGridCellBase& cell) const {
+    RECT box = ToRect(CheckBoxRect(inside, view_.metrics));
+    const bool isInactive = !view_.isEnabled || cell.IsReadOnly();
+    const unsigned state = DFCS_BUTTONCHECK | (cell.IsChecked() ? DFCS_CHECKED : 0U) |
+                           (isInactive ? DFCS_INACTIVE : 0U);
+    DrawFrameControl(canvas_, &box, DFC_BUTTON, state);
+}
+
+void GridPainter::PaintArrow(const GridRect& inside, Colour colour) const {
+    const GridRect room = ArrowRect(inside, view_.metrics);
+    const int rows = view_.metrics.arrow / 4;
+    const int middle = Centred(room.left, room.right, 1);
+    const int top = Centred(room.top, room.bottom, rows);
+    for (int row = 0; row < rows; ++row) {
+        const int half = rows - 1 - row;
+        Fill({middle - half, top + row, middle + half + 1, top + row + 1}, colour);
+    }
+}
+
+void GridPainter::PaintText(const CGridCellBase& cell, const GridRect& room,
+                            const GridRect& visible) const {
+    if (cell.Text().empty()) {
+        return;
+    }
+    SelectObject(canvas_, cell.Font() == nullptr ? view_.font : static_cast<HFONT>(cell.Font()));
+    if ((cell.Format() & kGridTextSingleLine) != 0) {
+        return PaintLine(cell, room, visible);
+    }
+    RECT lines = ToRect(room);
+    DrawTextA(canvas_, cell.Text().data(), static_cast<int>(cell.Text().size()), &lines,
+              (cell.Format() & (kGridTextCentred | kGridTextRight)) | DT_WORDBREAK | DT_NOPREFIX);
+}
+
+void GridPainter::PaintLine(const CGridCellBase& cell, const GridRect& room,
+                            const GridRect& visible) const {
+    const int length = VisibleLength(cell.Text(), room);
+    SIZE size = {};
+    GetTextExtentPoint32A(canvas_, cell.Text().data(), length, &size);
+    const bool isCentred = (cell.Format() & kGridTextCentredVertically) != 0;
+    const int top = isCentred ? Centred(room.top, room.bottom, size.cy) : room.top;
+    if (size.cx > room.right - room.left) {
+        RECT shortened = {room.left, top, room.right, top + size.cy};
+        DrawTextA(canvas_, cell.Text().data(), length, &shortened,
+                  DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+        return;
+    }
+    const RECT clip = ToRect(visible);
+    ExtTextOutA(canvas_, TextLeft(room, cell.Format(), size.cx), top, ETO_CLIPPED, &clip,
+                cell.Text().data(), static_cast<UINT>(length), nullptr);
+}
+
+void GridPainter::PaintCurrentFrame() const {
+    const GridPosition current = view_.selection.Current();
+    if (current.IsNone() || !view_.isEnabled) {
+        return;
+    }
+    const GridRect visible = view_.layout.VisiblePart(current);
+    const GridRect whole = view_.layout.CellRect(current);
+    const int thickness = view_.isFocused ? view_.metrics.frame : kLine;
+    const GridRect hole =
+        Shrunk({whole.left, whole.top, whole.right - kLine, whole.bottom - kLine}, thickness);
+    const GridRect sides[] = {{whole.left, whole.top, whole.right - kLine, hole.top},
+                              {whole.left, hole.bottom, whole.right - kLine, whole.bottom - kLine},
+                              {whole.left, hole.top, hole.left, hole.bottom},
+                              {hole.right, hole.top, whole.right - kLine, hole.bottom}};
+    for (const GridRect& side : sides) {
+        Fill(Intersection(side, visible), view_.colours.highlight);
+    }
+}
+
+void GridPainter::Fill(const GridRect& rect, Colour colour) const {
+    const RECT filled = ToRect(rect);
+    SetBkColor(canvas_, colour);
+    ExtTextOutA(canvas_, 0, 0, ETO_OPAQUE, &filled, nullptr, 0, nullptr);
+}
+
+bool GridPainter::IsHeading(GridPosition position) const {
+    return view_.layout.IsFixed(position);
+}
+
+bool GridPainter::IsSelected(GridPosition position) const {
+    return view_.selection.IsRange() && view_.selection.Contains(position);
+}
+
+GridPainter::CellColours GridPainter::ColoursOf(GridPosition position,
+                                                const CGridCellBase& cell) const {
+    const GridColours& system = view_.colours;
+    if (!view_.isEnabled) {
+        return {system.face, system.greyText};
+    }
+    if (IsSelected(position)) {
+        return {system.highlight, system.highlightText};
+    }
+    CellColours colours = {cell.BackColour(), cell.TextColour()};
+    if (colours.back == kDefaultColour) {
+        colours.back = IsHeading(position) ? system.face : system.window;
+    }
+    if (colours.text == kDefaultColour) {
+        colours.text = IsHeading(position) ? system.faceText : system.windowText;
+    }
+    return colours;
+}
+
+}  // namespace orvell::ui
