@@ -14,6 +14,8 @@ constexpr UINT kDpiChangedAfterParent = 0x02E3;  // WM_DPICHANGED_AFTERPARENT, s
 }  // namespace
 
 CGridCtrl::CGridCtrl(HWND window) : window_(window), dpi_(DpiOf(window)) {
+    // An editor must not be drawn over.
+    SetWindowLongPtrA(window, GWL_STYLE, GetWindowLongPtrA(window, GWL_STYLE) | WS_CLIPCHILDREN);
     font_.SetDpi(dpi_);
     colours_ = SystemGridColours();
     UpdateMetrics();

@@ -3,14 +3,6 @@
 #include "ui/grid/grid_control.h"
 
 namespace orvell::ui {
-namespace {
-
-GridRect WithoutLine(const GridRect& rect) {
-    return {rect.left, rect.top, rect.right - 1, rect.bottom - 1};
-}
-
-}  // namespace
-
 bool CGridCtrl::CanChange(GridPosition position) const {
     return window_ != nullptr && model_.IsCellEditable(position.row, position.column) &&
            IsWindowEnabled(window_) != 0 && IsWindowEnabled(GetAncestor(window_, GA_ROOT)) != 0;
@@ -34,14 +26,23 @@ bool CGridCtrl::BeginEdit(GridPosition position, GridEditStart start) {
     const CGridCellBase& cell = *model_.CellAt(position.row, position.column);
     const bool isCombo = model_.GetCellType(position.row, position.column) == GridCellKind::Combo;
     const GridChoices choices = model_.GetChoices(position.row, position.column);
-    const HFONT font = cell.Font() == nullptr ? font_.Get() : static_cast<HFONT>(cell.Font());
     edited_ = position;
-    editor_ = MakeGridEditor(window_, WithoutLine(layout_.VisiblePart(position)), font, ++edit_,
-                             cell, isCombo ? &choices : nullptr, start);
+    const GridEditorPlace place = {
+        .grid = window_,
+        .cell = WithoutLine(layout_.VisiblePart(position)),
+        .font = cell.Font() == nullptr ? font_.Get() : static_cast<HFONT>(cell.Font()),
+        .frame = metrics_.frame,
+        .padding = metrics_.padding,
+        .edit = ++edit_,
+    };
+    editor_ = MakeGridEditor(place, cell, isCombo ? &choices : nullptr, start);
     if (editor_ == nullptr) {
         return false;
     }
     SetFocus(editor_->Window());
+    if (start == GridEditStart::DropDown && IsEditing()) {
+        editor_->DropDown();
+    }
     return IsEditing();
 }
 

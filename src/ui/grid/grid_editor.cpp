@@ -7,6 +7,7 @@ namespace orvell::ui {
 namespace {
 
 constexpr int kShownChoices = 10;
+constexpr auto kField = static_cast<WPARAM>(-1);  // of a combo box: what is seen when it is closed
 
 struct EndingKey {
     WPARAM key;
@@ -39,12 +40,12 @@ std::string WindowText(HWND window) {
 
 }  // namespace
 
-GridEditor::GridEditor(const Place& place, const char* windowClass, DWORD style, int height)
+GridEditor::GridEditor(const GridEditorPlace& place, const GridRect& rect, const char* windowClass,
+                       DWORD style)
     : grid_(place.grid), edit_(place.edit) {
-    const GridRect& rect = place.rect;
-    window_ =
-        CreateWindowExA(0, windowClass, "", WS_CHILD | style, rect.left, rect.top,
-                        rect.right - rect.left, height, place.grid, nullptr, nullptr, nullptr);
+    window_ = CreateWindowExA(0, windowClass, "", WS_CHILD | style, rect.left, rect.top,
+                              rect.right - rect.left, rect.bottom - rect.top, place.grid, nullptr,
+                              nullptr, nullptr);
     if (window_ == nullptr) {
         return;
     }
@@ -60,6 +61,8 @@ GridEditor::~GridEditor() {
         DestroyWindow(window_);
     }
 }
+
+void GridEditor::DropDown() {}
 
 void GridEditor::OnCommand(UINT) {}
 
@@ -117,9 +120,11 @@ namespace {
 
 class TextEditor final : public GridEditor {
   public:
-    TextEditor(const Place& place, const std::string& text, GridEditStart start)
-        : GridEditor(place, "EDIT", WS_VISIBLE | ES_AUTOHSCROLL,
-                     place.rect.bottom - place.rect.top) {
+    TextEditor(const GridEditorPlace& place, const std::string& text, GridEditStart start)
+        : GridEditor(place, Shrunk(place.cell, place.frame), "EDIT", WS_VISIBLE | ES_AUTOHSCROLL) {
+        const auto margin = static_cast<WORD>(std::max(place.padding - place.frame, 0));
+        SendMessageA(Window(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN,
+                     MAKELPARAM(margin, margin));
         SendMessageA(Window(), EM_SETLIMITTEXT, 0, 0);
         if (start != GridEditStart::Nothing) {
             SetWindowTextA(Window(), text.c_str());
@@ -132,17 +137,16 @@ class TextEditor final : public GridEditor {
 
 class ComboEditor final : public GridEditor {
   public:
-    ComboEditor(const Place& place, const std::string& text, GridChoices choices,
-                GridEditStart start)
-        : GridEditor(place, "COMBOBOX", CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL,
-                     place.rect.bottom - place.rect.top),
-          choices_(std::move(choices)) {
-        Fill(place.rect);
+    ComboEditor(const GridEditorPlace& place, const std::string& text, GridChoices choices)
+        : GridEditor(place, place.cell, "COMBOBOX", CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL),
+          choices_(choices != nullptr ? std::move(choices)
+                                      : std::make_shared<const std::vector<std::string>>()) {
+        for (const std::string& choice : *choices_) {
+            SendMessageA(Window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(choice.c_str()));
+        }
+        FitInto(place.cell);
         Select(text);
         ShowWindow(Window(), SW_SHOWNA);
-        if (start == GridEditStart::DropDown) {
-            SendMessageA(Window(), CB_SHOWDROPDOWN, TRUE, 0);
-        }
     }
 
     std::optional<std::string> Text() const override {
@@ -174,32 +178,27 @@ class ComboEditor final : public GridEditor {
     }
 
   private:
-    void Fill(const GridRect& rect) {
-        if (choices_ == nullptr) {
-            return;
-        }
-        for (const std::string& choice : *choices_) {
-            SendMessageA(Window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(choice.c_str()));
-        }
+    /// The height of the field when closed follows from that of its text; the height that is set
+    /// reaches to the end of the list.
+    void FitInto(const GridRect& rect) {
+        const int height = rect.bottom - rect.top;
+        const int excess = ClosedHeight() - height;
+        const auto field = SendMessageA(Window(), CB_GETITEMHEIGHT, kField, 0);
+        SendMessageA(Window(), CB_SETITEMHEIGHT, kField, std::max<LRESULT>(field - excess, 1));
+        const auto item = static_cast<int>(SendMessageA(Window(), CB_GETITEMHEIGHT, 0, 0));
+        const int shown = std::min(static_cast<int>(choices_->size()), kShownChoices);
+        SetWindowPos(Window(), nullptr, 0, 0, rect.right - rect.left, height + (shown + 1) * item,
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+
+    [[nodiscard]] int ClosedHeight() const {
         RECT outside = {};
         GetWindowRect(Window(), &outside);
-        const auto field = SendMessageA(Window(), CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0);
-        const auto item = SendMessageA(Window(), CB_GETITEMHEIGHT, 0, 0);
-        const LRESULT edges = outside.bottom - outside.top - field;
-        const int height = rect.bottom - rect.top;
-        SendMessageA(Window(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
-                     std::max<LRESULT>(height - edges, 1));
-        const int shown = std::min(static_cast<int>(choices_->size()), kShownChoices);
-        SetWindowPos(Window(), nullptr, 0, 0, rect.right - rect.left,
-                     height + (shown + 1) * static_cast<int>(item),
-                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        return static_cast<int>(outside.bottom - outside.top);
     }
 
     /// The control's own search does not tell capital letters from small ones.
     void Select(const std::string& text) {
-        if (choices_ == nullptr) {
-            return;
-        }
         const auto found = std::find(choices_->begin(), choices_->end(), text);
         if (found != choices_->end()) {
             SendMessageA(Window(), CB_SETCURSEL, static_cast<WPARAM>(found - choices_->begin()), 0);
@@ -212,15 +211,13 @@ class ComboEditor final : public GridEditor {
 
 }  // namespace
 
-std::unique_ptr<GridEditor> MakeGridEditor(HWND grid, const GridRect& rect, HFONT font, LPARAM edit,
-                                           const CGridCellBase& cell, const GridChoices* choices,
-                                           GridEditStart start) {
-    const GridEditor::Place place = {grid, rect, font, edit};
+std::unique_ptr<GridEditor> MakeGridEditor(const GridEditorPlace& place, const CGridCellBase& cell,
+                                           const GridChoices* choices, GridEditStart start) {
     std::unique_ptr<GridEditor> editor;
     if (choices == nullptr) {
         editor = std::make_unique<TextEditor>(place, cell.Text(), start);
     } else {
-        editor = std::make_unique<ComboEditor>(place, cell.Text(), *choices, start);
+        editor = std::make_unique<ComboEditor>(place, cell.Text(), *choices);
     }
     return editor->Window() == nullptr ? nullptr : std::move(editor);
 }

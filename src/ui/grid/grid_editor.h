@@ -28,7 +28,17 @@ enum class GridEditEvent : WPARAM {
 enum class GridEditStart {
     WholeText,  ///< the cell's text, selected
     Nothing,    ///< nothing, for a character that was typed
-    DropDown,   ///< as WholeText; of a combo cell the opened list
+    DropDown,   ///< as WholeText, and a combo cell's list opens
+};
+
+/// Where an editor opens.
+struct GridEditorPlace {
+    HWND grid;
+    GridRect cell;  ///< what can be seen of it, without lines
+    HFONT font;
+    int frame;    ///< thickness of the current cell's frame
+    int padding;  ///< between the cell's edge and its text
+    LPARAM edit;  ///< identifies the edit towards the grid
 };
 
 /// An editor in a cell's place: a child window of the grid. It tells the grid by
@@ -44,29 +54,21 @@ class GridEditor {
     /// What the user has entered; none when the cell's text stays.
     [[nodiscard]] virtual std::optional<std::string> Text() const = 0;
 
+    /// Opens the list of choices, if there is one. Needs the focus.
+    virtual void DropDown();
+
     /// The child has sent WM_COMMAND with this notification.
     virtual void OnCommand(UINT notification);
 
   protected:
-    struct Place {
-        HWND grid;
-        GridRect rect;
-        HFONT font;
-        LPARAM edit;  ///< identifies the edit towards the grid
-    };
-
     /// The window may be missing when Windows has no more: then the editor answers with nothing.
-    GridEditor(const Place& place, const char* windowClass, DWORD style, int height);
+    GridEditor(const GridEditorPlace& place, const GridRect& rect, const char* windowClass,
+               DWORD style);
 
     void Tell(GridEditEvent event) const;
     void PostAccept() const;
 
   private:
-    friend std::unique_ptr<GridEditor> MakeGridEditor(HWND grid, const GridRect& rect, HFONT font,
-                                                      LPARAM edit, const CGridCellBase& cell,
-                                                      const GridChoices* choices,
-                                                      GridEditStart start);
-
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     [[nodiscard]] bool OnKey(WPARAM key) const;
 
@@ -78,8 +80,7 @@ class GridEditor {
 
 /// Opens an editor for a cell, without giving it the focus: a list of choices when `choices` is not
 /// null, else a text field. Null when Windows gives no window.
-[[nodiscard]] std::unique_ptr<GridEditor> MakeGridEditor(HWND grid, const GridRect& rect,
-                                                         HFONT font, LPARAM edit,
+[[nodiscard]] std::unique_ptr<GridEditor> MakeGridEditor(const GridEditorPlace& place,
                                                          const CGridCellBase& cell,
                                                          const GridChoices* choices,
                                                          GridEditStart start);

@@ -22,6 +22,17 @@ struct GridRect {
     friend bool operator==(const GridRect&, const GridRect&) = default;
 };
 
+/// Thickness of the lines between the cells; each cell has them at its right and lower edge.
+inline constexpr int kGridLine = 1;
+
+[[nodiscard]] inline GridRect WithoutLine(const GridRect& cell) {
+    return {cell.left, cell.top, cell.right - kGridLine, cell.bottom - kGridLine};
+}
+
+[[nodiscard]] inline GridRect Shrunk(const GridRect& rect, int by) {
+    return {rect.left + by, rect.top + by, rect.right - by, rect.bottom - by};
+}
+
 /// The part of two rectangles that both have; empty when there is none.
 [[nodiscard]] GridRect Intersection(const GridRect& one, const GridRect& other);
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "ui/grid/grid_layout.h"
+
 namespace orvell::ui {
 namespace {
 
@@ -88,9 +90,8 @@ void GridFont::SetDpi(int dpi) {
 
 GridMetrics MeasureGrid(HFONT font, int dpi) {
     const int textHeight = TextHeight(font);
-    const int line = 1;
     return {
-        .rowHeight = textHeight + 2 * ScaledForDpi(2, dpi) + line,
+        .rowHeight = textHeight + 2 * ScaledForDpi(2, dpi) + kGridLine,
         .padding = ScaledForDpi(3, dpi),
         .checkBox = std::min(textHeight, ScaledForDpi(13, dpi)),
         .arrow = ScaledForDpi(13, dpi),

@@ -8,12 +8,6 @@ namespace {
 static_assert(kGridTextCentred == DT_CENTER && kGridTextRight == DT_RIGHT);
 static_assert(kGridTextCentredVertically == DT_VCENTER && kGridTextSingleLine == DT_SINGLELINE);
 
-constexpr int kLine = 1;  // between the cells
-
-GridRect Shrunk(const GridRect& rect, int by) {
-    return {rect.left + by, rect.top + by, rect.right - by, rect.bottom - by};
-}
-
 int Centred(int from, int to, int size) {
     return from + (to - from - size) / 2;
 }
@@ -71,7 +65,7 @@ void GridPainter::PaintRows(const GridRows& rows, const std::vector<int>& column
 void GridPainter::PaintCell(GridPosition position) const {
     const CGridCellBase* const cell = view_.cells.CellAt(position.row, position.column);
     const GridRect whole = view_.layout.CellRect(position);
-    const GridRect inside = {whole.left, whole.top, whole.right - kLine, whole.bottom - kLine};
+    const GridRect inside = WithoutLine(whole);
     const GridRect visible = view_.layout.VisiblePart(position);
     if (cell == nullptr || visible.IsEmpty()) {
         return;
@@ -163,14 +157,12 @@ void GridPainter::PaintCurrentFrame() const {
         return;
     }
     const GridRect visible = view_.layout.VisiblePart(current);
-    const GridRect whole = view_.layout.CellRect(current);
-    const int thickness = view_.isFocused ? view_.metrics.frame : kLine;
-    const GridRect hole =
-        Shrunk({whole.left, whole.top, whole.right - kLine, whole.bottom - kLine}, thickness);
-    const GridRect sides[] = {{whole.left, whole.top, whole.right - kLine, hole.top},
-                              {whole.left, hole.bottom, whole.right - kLine, whole.bottom - kLine},
-                              {whole.left, hole.top, hole.left, hole.bottom},
-                              {hole.right, hole.top, whole.right - kLine, hole.bottom}};
+    const GridRect edge = WithoutLine(view_.layout.CellRect(current));
+    const GridRect hole = Shrunk(edge, view_.isFocused ? view_.metrics.frame : kGridLine);
+    const GridRect sides[] = {{edge.left, edge.top, edge.right, hole.top},
+                              {edge.left, hole.bottom, edge.right, edge.bottom},
+                              {edge.left, hole.top, hole.left, hole.bottom},
+                              {hole.right, hole.top, edge.right, hole.bottom}};
     for (const GridRect& side : sides) {
         Fill(Intersection(side, visible), view_.colours.highlight);
     }

@@ -2,25 +2,19 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <memory>
 #include <string>
+#include <vector>
+
+#include "unit/ui/grid/filled_model.h"
 
 namespace orvell::ui {
 namespace {
 
 constexpr int kHighest = std::numeric_limits<int>::max();
 
-/// A heading and `rows` rows, "name 1" with the value "value 1" and so on.
-GridModel FilledModel(int rows) {
-    GridModel model;
-    model.SetFixedRowCount(1);
-    model.SetColumnCount(2);
-    model.SetRowCount(1);
-    for (int row = 1; row <= rows; ++row) {
-        model.InsertRow("name " + std::to_string(row));
-        model.SetItemText(row, 1, "value " + std::to_string(row));
-    }
-    return model;
-}
+using test::FilledModel;
 
 TEST(GridModel, IsEmptyAtFirst) {
     const GridModel model;
@@ -216,6 +210,27 @@ TEST(GridModel, TellsWhatMayBeEdited) {
     EXPECT_TRUE(model.IsCellEditable(2, 1));
     model.SetEditable(false);
     EXPECT_FALSE(model.IsCellEditable(2, 1));
+}
+
+TEST(GridModel, AComboCellTakesItsChoicesAndNumbers) {
+    GridModel model = FilledModel(2);
+    model.SetCellType(1, 1, GridCellKind::Combo);
+    EXPECT_FALSE(model.TakesText(1, 1, "On")) << "no choices";
+    model.SetChoices(
+        1, 1,
+        std::make_shared<const std::vector<std::string>>(std::vector<std::string>{"Off", "On"}));
+    EXPECT_TRUE(model.TakesText(1, 1, "On"));
+    EXPECT_TRUE(model.TakesText(1, 1, "4294967295")) << "a value without a name";
+    for (const char* const text : {"on", "", "On ", "-1", "1x", "0x1"}) {
+        EXPECT_FALSE(model.TakesText(1, 1, text)) << text;
+    }
+    EXPECT_TRUE(model.TakesText(2, 1, "any text"));
+    EXPECT_FALSE(model.TakesText(2, 0, "a name"));
+    model.SetItemState(2, 1, kGridCellReadOnly);
+    EXPECT_FALSE(model.TakesText(2, 1, "any text"));
+    model.SetItemState(2, 1, 0);
+    model.SetCellType(2, 1, GridCellKind::Check);
+    EXPECT_FALSE(model.TakesText(2, 1, "any text"));
 }
 
 TEST(GridModel, TellsWhereTheValuesAre) {
