@@ -30,6 +30,7 @@ Module::Module(const SystemServices& system)
       app(system, callbacks, strings, xml, store),
       messageBoxes(system.messageBoxes),
       registry(system.registry),
-      processes(system.processes) {}
+      processes(system.processes),
+      editor(system.editor) {}
 
 }  // namespace orvell::host

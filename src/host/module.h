@@ -33,6 +33,7 @@ class Module {
     platform::MessageBoxes& messageBoxes;
     const platform::Registry& registry;
     platform::ProcessStarter& processes;
+    ui::ParameterEditor* editor;
 
     /// The last change token that a configuration slot has acted on. The host sends one request to
     /// several modules, or twice, under one token.

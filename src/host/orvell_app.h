@@ -14,6 +14,7 @@
 #include "platform/registry.h"
 #include "platform/string_resources.h"
 #include "resources/string_table.h"
+#include "ui/dialogs/parameter_editor.h"
 
 namespace orvell::host {
 
@@ -25,6 +26,7 @@ struct SystemServices {
     std::unique_ptr<platform::StringSource> (*openStrings)(void* module);
     const platform::Registry& registry = platform::SystemRegistry();
     platform::ProcessStarter& processes = platform::SystemProcessStarter();
+    ui::ParameterEditor* editor = nullptr;  ///< null: no parameter can be edited
 };
 
 /// Binds, at load time and in a fixed order, the services that everything else relies on, and

@@ -51,8 +51,9 @@ int32_t ORVELL_CALL GetStdTypeInfo(int32_t identifier, TypeInformationRecord* re
 int32_t ORVELL_CALL GetStdEnumInfo(int32_t identifier, uint32_t position,
                                    TypeInformationRecord* record) noexcept;
 
-// Services that the module does not offer yet; they answer with their failure value.
-int32_t ORVELL_CALL EditStdParameter(DialogParameterRecord*, OnlineAccessRecord*) noexcept;
+// Lets the user edit a value; returns when the dialog has ended.
+int32_t ORVELL_CALL EditStdParameter(DialogParameterRecord* record,
+                                     OnlineAccessRecord* online) noexcept;
 
 }  // namespace orvell::host::slots
 

@@ -3,6 +3,7 @@
 #include "platform/message_box.h"
 #include "platform/module_file.h"
 #include "platform/string_resources.h"
+#include "ui/dialogs/windows_parameter_editor.h"
 
 namespace orvell::host {
 
@@ -13,9 +14,12 @@ std::unique_ptr<platform::StringSource> OpenStrings(void* module) {
 }
 
 const SystemServices& WindowsServices() {
-    static const SystemServices services{platform::SystemLibraryLoader(),
-                                         platform::SystemMessageBoxes(), platform::ModuleFileName,
-                                         OpenStrings};
+    static ui::WindowsParameterEditor editor;
+    static const SystemServices services{.loader = platform::SystemLibraryLoader(),
+                                         .messageBoxes = platform::SystemMessageBoxes(),
+                                         .moduleFileName = platform::ModuleFileName,
+                                         .openStrings = OpenStrings,
+                                         .editor = &editor};
     return services;
 }
 
