@@ -151,12 +151,13 @@ class ComboEditor final : public GridEditor {
 
     std::optional<std::string> Text() const override {
         const LRESULT index = SendMessageA(Window(), CB_GETCURSEL, 0, 0);
-        if (choices_ == nullptr || index < 0 ||
-            static_cast<std::size_t>(index) >= choices_->size()) {
+        if (index < 0 || static_cast<std::size_t>(index) >= choices_->size()) {
             return std::nullopt;
         }
         return (*choices_)[static_cast<std::size_t>(index)];
     }
+
+    void DropDown() override { SendMessageA(Window(), CB_SHOWDROPDOWN, TRUE, 0); }
 
     /// The list closes in the middle of the control's own work: the edit must not end there yet.
     void OnCommand(UINT notification) override {
@@ -178,17 +179,17 @@ class ComboEditor final : public GridEditor {
     }
 
   private:
-    /// The height of the field when closed follows from that of its text; the height that is set
-    /// reaches to the end of the list.
+    /// The height that is set reaches to the end of the list; that of the closed field follows from
+    /// its text's.
     void FitInto(const GridRect& rect) {
         const int height = rect.bottom - rect.top;
-        const int excess = ClosedHeight() - height;
-        const auto field = SendMessageA(Window(), CB_GETITEMHEIGHT, kField, 0);
-        SendMessageA(Window(), CB_SETITEMHEIGHT, kField, std::max<LRESULT>(field - excess, 1));
         const auto item = static_cast<int>(SendMessageA(Window(), CB_GETITEMHEIGHT, 0, 0));
         const int shown = std::min(static_cast<int>(choices_->size()), kShownChoices);
         SetWindowPos(Window(), nullptr, 0, 0, rect.right - rect.left, height + (shown + 1) * item,
                      SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        const auto field = SendMessageA(Window(), CB_GETITEMHEIGHT, kField, 0);
+        const int excess = ClosedHeight() - height;
+        SendMessageA(Window(), CB_SETITEMHEIGHT, kField, std::max<LRESULT>(field - excess, 1));
     }
 
     [[nodiscard]] int ClosedHeight() const {
