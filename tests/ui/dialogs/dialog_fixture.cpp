@@ -1,7 +1,6 @@
 #include "dialog_fixture.h"
 
 #include "platform/message_box.h"
-#include "ui/grid/grid_control.h"
 
 namespace orvell::ui {
 
@@ -21,6 +20,7 @@ DialogTest::DialogTest() {
     definitions.AddArea(kHuge, Structure("Huge", {Item("w", "Int", 4'000'000'000U)}));
     definitions.AddArea(kLong, Structure("Long", {Item("w", "Int", 200)}));
     definitions.AddArea(kTimes, BasicType("Times", BaseTypeCode::Duration));
+    definitions.store.AddArea(kLost, "Lost");
     definitions.store.ResolveReferences();
     host.size = sizeof(host);
 }
@@ -39,19 +39,37 @@ bool DialogTest::EditWith(DialogParameterRecord* record,
     return result;
 }
 
+CGridCtrl& DialogTest::GridOf(HWND dialog) {
+    return *CGridCtrl::FromWindow(GetDlgItem(dialog, ORVELL_VALUE_GRID));
+}
+
 Rows DialogTest::GridRows(const DialogUser& user, HWND dialog) {
     Rows rows;
-    user.OnThread([&] {
-        rows = RowsOf(CGridCtrl::FromWindow(GetDlgItem(dialog, ORVELL_VALUE_GRID))->Model());
-    });
+    user.OnThread([&] { rows = RowsOf(GridOf(dialog).Model()); });
     return rows;
 }
 
 void DialogTest::Enter(const DialogUser& user, HWND dialog, int row, std::string_view text) {
+    user.OnThread([&] { GridOf(dialog).EnterText({row, kValueColumn}, text); });
+}
+
+void DialogTest::ClickSpin(const DialogUser& user, HWND dialog, int spin, bool isUpper) {
     user.OnThread([&] {
-        CGridCtrl::FromWindow(GetDlgItem(dialog, ORVELL_VALUE_GRID))
-            ->EnterText({row, kValueColumn}, text);
+        const HWND control = GetDlgItem(dialog, spin);
+        RECT client{};
+        GetClientRect(control, &client);
+        const int x = static_cast<int>(client.right / 2);
+        const int y = static_cast<int>(isUpper ? client.bottom / 4 : client.bottom * 3 / 4);
+        SendMessageW(control, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
+        SendMessageW(control, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
     });
+}
+
+RECT DialogTest::PlaceOf(HWND dialog, int control) {
+    RECT place{};
+    GetWindowRect(GetDlgItem(dialog, control), &place);
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
+    return place;
 }
 
 }  // namespace orvell::ui

@@ -2,13 +2,12 @@
 
 #include <windows.h>
 
-#include <oleacc.h>
-
 #include <string>
 
 #include "resources/dialog_ids.h"
 #include "support/dialog_user.h"
 #include "ui/dialogs/windows_parameter_editor.h"
+#include "ui/grid/grid_control.h"
 #include "unit/ui/dialogs/form_fixture.h"
 
 namespace orvell::ui {
@@ -22,6 +21,7 @@ constexpr std::uint32_t kBroken = 6;  ///< an element of unknown type
 constexpr std::uint32_t kHuge = 7;    ///< 4,000,000,000 elements
 constexpr std::uint32_t kLong = 8;    ///< 200 words
 constexpr std::uint32_t kTimes = 9;   ///< DURATION
+constexpr std::uint32_t kLost = 10;   ///< of a type that does not exist
 constexpr std::uint32_t kUnknown = 99;
 
 /// Editing parameters with real windows: the test's own program holds the dialogs' resources.
@@ -51,8 +51,17 @@ class DialogTest : public testing::Test {
     /// The rows of the dialog's grid: "name=text" each.
     [[nodiscard]] static Rows GridRows(const test::DialogUser& user, HWND dialog);
 
+    /// The grid; only to be used on the thread of its window.
+    [[nodiscard]] static CGridCtrl& GridOf(HWND dialog);
+
     /// Does what typing the text into a value cell does.
     static void Enter(const test::DialogUser& user, HWND dialog, int row, std::string_view text);
+
+    /// Clicks one of the arrows of an up-down control.
+    static void ClickSpin(const test::DialogUser& user, HWND dialog, int spin, bool isUpper);
+
+    /// A control's place in its dialog.
+    [[nodiscard]] static RECT PlaceOf(HWND dialog, int control);
 
     Definitions definitions;
     OnlineAccessRecord host{};
