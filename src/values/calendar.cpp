@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace orvell::values {
 namespace {
@@ -18,16 +19,22 @@ constexpr std::array<std::array<std::uint32_t, kMonthsPerYear>, 2> kDaysBeforeMo
     {0, 31, 60, 91, 121, 152, 182, 213, 244, 274, 305, 335},  // of a leap year
 }};
 
-constexpr bool IsLeapYear(std::uint64_t year) {
+// Those functions that printing needs exist for narrower numbers too, since 64-bit divisions are
+// slow on the 32-bit target.
+
+template <typename Number>
+constexpr bool IsLeapYear(Number year) {
     return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
 }
 
-constexpr const auto& DaysBeforeMonthIn(std::uint64_t year) {
+template <typename Number>
+constexpr const auto& DaysBeforeMonthIn(Number year) {
     return kDaysBeforeMonth[IsLeapYear(year) ? 1 : 0];
 }
 
-constexpr DayNumber FirstDayOfYear(std::uint64_t year) {
-    const std::uint64_t leapYearsBefore = (year + 3) / 4 - (year + 99) / 100 + (year + 399) / 400;
+template <typename Number>
+constexpr Number FirstDayOfYear(Number year) {
+    const Number leapYearsBefore = (year + 3) / 4 - (year + 99) / 100 + (year + 399) / 400;
     return year * 365 + leapYearsBefore;
 }
 
@@ -38,26 +45,34 @@ constexpr DayNumber DayOf(const CalendarDate& date) {
            std::max(date.day, 1U) - 1;
 }
 
+constexpr std::uint32_t kDaysPer400Years = FirstDayOfYear(400U);
+
 /// The year that holds the day.
-std::uint32_t YearOf(DayNumber day) {
-    constexpr std::uint64_t kDaysPer400Years = FirstDayOfYear(400);
+template <typename Number>
+Number YearOf(Number day) {
     // Leap years are spread unevenly: the quotient is the year itself or the one after.
-    const std::uint64_t year = (day + 1) * 400 / kDaysPer400Years;
-    return static_cast<std::uint32_t>(FirstDayOfYear(year) > day ? year - 1 : year);
+    const Number year = (day + 1) * 400 / kDaysPer400Years;
+    return FirstDayOfYear(year) > day ? year - 1 : year;
 }
 
-CalendarDate DateOf(DayNumber day) {
-    const std::uint32_t year = YearOf(day);
+template <typename Number>
+CalendarDate DateOfDay(Number day) {
+    const Number year = YearOf(day);
     const auto dayOfYear = static_cast<std::uint32_t>(day - FirstDayOfYear(year));
     const auto& daysBeforeMonth = DaysBeforeMonthIn(year);
     const auto nextMonth =
         std::upper_bound(daysBeforeMonth.begin(), daysBeforeMonth.end(), dayOfYear);
     const auto month = static_cast<std::uint32_t>(nextMonth - daysBeforeMonth.begin());
-    return {year, month, dayOfYear - daysBeforeMonth[month - 1] + 1};
+    return {static_cast<std::uint32_t>(year), month, dayOfYear - daysBeforeMonth[month - 1] + 1};
+}
+
+CalendarDate DateOf(DayNumber day) {
+    constexpr DayNumber kLastNarrowDay = std::numeric_limits<std::uint32_t>::max() / 400 - 1;
+    return day <= kLastNarrowDay ? DateOfDay(static_cast<std::uint32_t>(day)) : DateOfDay(day);
 }
 
 constexpr std::uint32_t kFirstYearOfSeconds = 1970;
-constexpr DayNumber kFirstDayOfSeconds = FirstDayOfYear(kFirstYearOfSeconds);
+constexpr DayNumber kFirstDayOfSeconds = FirstDayOfYear(DayNumber{kFirstYearOfSeconds});
 constexpr DayNumber kFirstDayOfSerials = DayOf({1899, 12, 30});
 
 }  // namespace

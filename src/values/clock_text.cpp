@@ -1,5 +1,7 @@
 #include "values/clock_text.h"
 
+#include <array>
+
 #include "values/number_text.h"
 
 namespace orvell::values {
@@ -109,11 +111,13 @@ ClockTime ClockOfSeconds(std::uint32_t seconds) {
 }
 
 void AppendClock(std::string& text, const ClockTime& clock) {
-    AppendZeroPadded(text, clock.hours, 2);
-    text += ':';
-    AppendZeroPadded(text, clock.minutes, 2);
-    text += ':';
-    AppendZeroPadded(text, clock.seconds, 2);
+    std::array<char, 3 * kMaximumDigits32 + 2> buffer;
+    char* end = WriteZeroPadded(buffer.data(), clock.hours, 2);
+    *end++ = ':';
+    end = WriteZeroPadded(end, clock.minutes, 2);
+    *end++ = ':';
+    end = WriteZeroPadded(end, clock.seconds, 2);
+    text.append(buffer.data(), end);
 }
 
 }  // namespace orvell::values

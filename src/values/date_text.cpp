@@ -1,5 +1,7 @@
 #include "values/date_text.h"
 
+#include <array>
+
 #include "values/number_text.h"
 
 namespace orvell::values {
@@ -53,11 +55,13 @@ std::optional<DateReading> ReadDate(std::string_view text, DateFormatCode format
 void AppendDate(std::string& text, const CalendarDate& date, DateFormatCode format) {
     const bool isMonthFirst = format == DateFormatCode::MonthFirst;
     const char separator = isMonthFirst ? kMonthFirstSeparator : kDayFirstSeparator;
-    AppendZeroPadded(text, isMonthFirst ? date.month : date.day, 2);
-    text += separator;
-    AppendZeroPadded(text, isMonthFirst ? date.day : date.month, 2);
-    text += separator;
-    AppendZeroPadded(text, date.year, 4);
+    std::array<char, 3 * kMaximumDigits32 + 2> buffer;
+    char* end = WriteZeroPadded(buffer.data(), isMonthFirst ? date.month : date.day, 2);
+    *end++ = separator;
+    end = WriteZeroPadded(end, isMonthFirst ? date.day : date.month, 2);
+    *end++ = separator;
+    end = WriteZeroPadded(end, date.year, 4);
+    text.append(buffer.data(), end);
 }
 
 }  // namespace orvell::values

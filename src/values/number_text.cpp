@@ -28,6 +28,14 @@ void AppendInteger(std::string& text, Integer value, int base) {
     text.append(buffer.data(), result.ptr);
 }
 
+std::size_t CountDigits(std::uint32_t value) {
+    std::size_t count = 1;
+    for (; value >= 10; value /= 10) {
+        ++count;
+    }
+    return count;
+}
+
 }  // namespace
 
 std::uint64_t ReadDecimal64(std::string_view text) {
@@ -79,20 +87,25 @@ std::uint64_t ReadDecimalOrDouble(std::string_view text) {
 }
 
 void AppendSigned(std::string& text, std::int64_t value) {
-    AppendInteger(text, value, 10);
+    // 64-bit divisions are slow on the 32-bit target, and most values are small.
+    const auto low = static_cast<std::int32_t>(value);
+    if (low == value) {
+        AppendInteger(text, low, 10);
+    } else {
+        AppendInteger(text, value, 10);
+    }
 }
 
 void AppendUnsigned(std::string& text, std::uint64_t value) {
     AppendInteger(text, value, 10);
 }
 
-void AppendZeroPadded(std::string& text, std::uint32_t value, std::size_t minimumDigits) {
-    const std::size_t start = text.size();
-    AppendUnsigned(text, value);
-    const std::size_t digits = text.size() - start;
-    if (digits < minimumDigits) {
-        text.insert(start, minimumDigits - digits, '0');
+char* WriteZeroPadded(char* out, std::uint32_t value, std::size_t minimumDigits) {
+    char* const end = out + std::max(CountDigits(value), minimumDigits);
+    for (char* position = end; position != out; value /= 10) {
+        *--position = static_cast<char>('0' + value % 10);
     }
+    return end;
 }
 
 void AppendHexadecimal(std::string& text, std::uint64_t value, std::uint32_t width) {

@@ -31,8 +31,12 @@ void AppendSigned(std::string& text, std::int64_t value);
 
 void AppendUnsigned(std::string& text, std::uint64_t value);
 
-/// Appends `value` in decimal with leading zeros up to `minimumDigits`.
-void AppendZeroPadded(std::string& text, std::uint32_t value, std::size_t minimumDigits);
+/// The most decimal digits that 32 bits have.
+inline constexpr std::size_t kMaximumDigits32 = 10;
+
+/// Writes `value` in decimal with leading zeros up to `minimumDigits`. There must be room for these
+/// and for `kMaximumDigits32`. Returns the end of what is written.
+char* WriteZeroPadded(char* out, std::uint32_t value, std::size_t minimumDigits);
 
 /// Appends the value in upper-case hexadecimal digits followed by "h", without leading zeros.
 /// `width` is that of the value in bytes; nothing is appended for a width outside 1 to 8.

@@ -1,5 +1,6 @@
 #include "values/ole_date_time_text.h"
 
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <optional>
@@ -94,8 +95,9 @@ void AppendOleDateTime(std::string& text, double serial, DateFormatCode format) 
     }
     const ClockTime clock = ClockOfFraction(std::abs(shown - day));
     AppendClock(text, clock);
-    text += ',';
-    AppendZeroPadded(text, clock.milliseconds, 3);
+    std::array<char, 1 + kMaximumDigits32> milliseconds = {','};
+    char* const end = WriteZeroPadded(milliseconds.data() + 1, clock.milliseconds, 3);
+    text.append(milliseconds.data(), end);
 }
 
 }  // namespace orvell::values

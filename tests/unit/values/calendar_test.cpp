@@ -75,6 +75,15 @@ TEST(Calendar, AgreesWithTheStandardLibraryOnEveryDayOfTheSerials) {
     EXPECT_EQ(DateOfSerial(kLastSerialDay), (CalendarDate{9999, 12, 31}));
 }
 
+TEST(Calendar, CountsOnWhereNarrowNumbersEnd) {
+    // 2^32 / 400 days after the year 0, and far behind.
+    for (const std::int32_t first : {10'043'000, 2'000'000'000}) {
+        for (std::int32_t serial = first; serial < first + 1000; ++serial) {
+            ASSERT_EQ(SerialOfDate(DateOfSerial(serial)), serial);
+        }
+    }
+}
+
 TEST(Calendar, KnowsTheBaseYearsOfTheSerials) {
     EXPECT_EQ(SerialOfDate({1899, 12, 30}), 0.0);
     EXPECT_EQ(SerialOfDate({1899, 12, 29}), -1.0);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -151,13 +152,25 @@ TEST(AppendInteger, PrintsAllDigits) {
     EXPECT_EQ(Appended(AppendUnsigned, kMax64), "18446744073709551615");
 }
 
-TEST(AppendZeroPadded, FillsUpToTheMinimum) {
-    EXPECT_EQ(Appended(AppendZeroPadded, 0U, 2U), "00");
-    EXPECT_EQ(Appended(AppendZeroPadded, 7U, 2U), "07");
-    EXPECT_EQ(Appended(AppendZeroPadded, 12U, 2U), "12");
-    EXPECT_EQ(Appended(AppendZeroPadded, 123U, 2U), "123");
-    EXPECT_EQ(Appended(AppendZeroPadded, 5U, 4U), "0005");
-    EXPECT_EQ(Appended(AppendZeroPadded, 4294967295U, 3U), "4294967295");
+std::string ZeroPadded(std::uint32_t value, std::size_t minimumDigits) {
+    std::array<char, 21> buffer;
+    buffer.fill('-');
+    char* const end = WriteZeroPadded(buffer.data(), value, minimumDigits);
+    EXPECT_EQ(*end, '-');
+    return {buffer.data(), end};
+}
+
+TEST(WriteZeroPadded, FillsUpToTheMinimum) {
+    EXPECT_EQ(ZeroPadded(0U, 2U), "00");
+    EXPECT_EQ(ZeroPadded(7U, 2U), "07");
+    EXPECT_EQ(ZeroPadded(12U, 2U), "12");
+    EXPECT_EQ(ZeroPadded(123U, 2U), "123");
+    EXPECT_EQ(ZeroPadded(5U, 4U), "0005");
+    EXPECT_EQ(ZeroPadded(4294967295U, 3U), "4294967295");
+    EXPECT_EQ(ZeroPadded(0U, 0U), "0");
+    EXPECT_EQ(ZeroPadded(9U, 0U), "9");
+    EXPECT_EQ(ZeroPadded(10U, 1U), "10");
+    EXPECT_EQ(ZeroPadded(1000000000U, 20U), "00000000001000000000");
 }
 
 TEST(AppendHexadecimal, PrintsUpperCaseDigitsAndH) {
