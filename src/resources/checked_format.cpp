@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstring>
 #include <utility>
 
 namespace orvell::resources {
@@ -120,15 +121,36 @@ void AppendNumber(std::string& out, const FormatConversion& conversion, Number n
 /// Room for the decimal digits of 32 bits and a sign.
 constexpr std::size_t kLongestDecimal = 11;
 
-/// The most characters that a text, or a number of the conversion's own signedness, takes under a
-/// plain conversion; 0 when the general way is needed.
-std::size_t RoomFor(const FormatConversion& conversion, const FormatArgument& argument) {
-    if (const auto* text = std::get_if<std::string_view>(&argument)) {
-        return conversion.isPlain ? text->size() + conversion.width + 1 : 0;
+/// True for the conversions that `WriteArgument` knows: those without flags but "-" and without a
+/// precision, of texts and of numbers in their own signedness.
+bool IsPlainFor(const FormatConversion& conversion, const FormatArgument& argument) {
+    constexpr std::array<char, std::variant_size_v<FormatArgument>> kOwnLetters = {0, 'd', 'u'};
+    const char ownLetter = kOwnLetters[argument.index()];
+    return conversion.isPlain && (ownLetter == 0 || ownLetter == conversion.letter);
+}
+
+/// As std::copy, but without a call for up to 16 characters, as most texts here are.
+inline char* Copy(std::string_view text, char* out) {
+    const std::size_t size = text.size();
+    const auto copyEnds = [text, size, out](auto part) {
+        auto last = part;
+        std::memcpy(&part, text.data(), sizeof part);
+        std::memcpy(&last, text.data() + size - sizeof last, sizeof last);
+        std::memcpy(out, &part, sizeof part);
+        std::memcpy(out + size - sizeof last, &last, sizeof last);
+    };
+    if (size > 16) {
+        std::memcpy(out, text.data(), size);
+    } else if (size >= 8) {
+        copyEnds(std::uint64_t{});
+    } else if (size >= 4) {
+        copyEnds(std::uint32_t{});
+    } else if (size != 0) {
+        out[0] = text[0];
+        out[size / 2] = text[size / 2];
+        out[size - 1] = text[size - 1];
     }
-    const char ownLetter = std::holds_alternative<std::uint32_t>(argument) ? 'u' : 'd';
-    const bool isOwn = conversion.isPlain && conversion.letter == ownLetter;
-    return isOwn ? kLongestDecimal + conversion.width : 0;
+    return out + size;
 }
 
 char* WriteDecimal(char* out, const FormatArgument& argument) {
@@ -139,14 +161,11 @@ char* WriteDecimal(char* out, const FormatArgument& argument) {
     return std::to_chars(out, end, *std::get_if<std::int32_t>(&argument)).ptr;
 }
 
-/// For arguments that `RoomFor` has found room for.
+/// Writes an argument for which the conversion is plain.
 char* WriteArgument(char* out, const FormatConversion& conversion, const FormatArgument& argument) {
     char* const start = out;
-    if (const auto* text = std::get_if<std::string_view>(&argument)) {
-        out = std::copy(text->begin(), text->end(), out);
-    } else {
-        out = WriteDecimal(out, argument);
-    }
+    const auto* text = std::get_if<std::string_view>(&argument);
+    out = text != nullptr ? Copy(*text, out) : WriteDecimal(out, argument);
     const std::size_t fill = FillOf(conversion, static_cast<std::size_t>(out - start));
     if (fill > 0) {
         if (!conversion.leftAligned) {
@@ -192,7 +211,7 @@ CheckedFormat::CheckedFormat(std::string_view format) {
     piece.conversion = {};
     pieces_.push_back(std::move(piece));
     for (const Piece& each : pieces_) {
-        literalSize_ += each.literal.size();
+        numberRoom_ += each.literal.size() + each.conversion.width + kLongestDecimal;
     }
 }
 
@@ -204,27 +223,26 @@ void CheckedFormat::AppendTo(std::string& out, std::span<const FormatArgument> a
 
 /// The usual case in the records of an export. False when the general way is needed.
 bool CheckedFormat::AppendPlain(std::string& out, std::span<const FormatArgument> arguments) const {
-    if (arguments.size() + 1 < pieces_.size()) {
+    const std::size_t conversionCount = pieces_.size() - 1;
+    if (arguments.size() < conversionCount) {
         return false;
     }
-    std::size_t room = literalSize_;
-    for (std::size_t index = 0; index + 1 < pieces_.size(); ++index) {
-        const std::size_t more = RoomFor(pieces_[index].conversion, arguments[index]);
-        if (more == 0) {
+    std::size_t room = numberRoom_;
+    for (std::size_t index = 0; index < conversionCount; ++index) {
+        if (!IsPlainFor(pieces_[index].conversion, arguments[index])) {
             return false;
         }
-        room += more;
+        const auto* text = std::get_if<std::string_view>(&arguments[index]);
+        room += text != nullptr ? text->size() : 0;
     }
     const std::size_t before = out.size();
     out.resize(before + room);
     char* end = out.data() + before;
-    for (std::size_t index = 0; index < pieces_.size(); ++index) {
-        const std::string& literal = pieces_[index].literal;
-        end = std::copy(literal.begin(), literal.end(), end);
-        if (index + 1 < pieces_.size()) {
-            end = WriteArgument(end, pieces_[index].conversion, arguments[index]);
-        }
+    for (std::size_t index = 0; index < conversionCount; ++index) {
+        end = Copy(pieces_[index].literal, end);
+        end = WriteArgument(end, pieces_[index].conversion, arguments[index]);
     }
+    end = Copy(pieces_.back().literal, end);
     out.resize(static_cast<std::size_t>(end - out.data()));
     return true;
 }

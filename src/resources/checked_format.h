@@ -47,7 +47,7 @@ class CheckedFormat {
     void AppendAny(std::string& out, std::span<const FormatArgument> arguments) const;
 
     std::vector<Piece> pieces_;  ///< the last has no conversion
-    std::size_t literalSize_ = 0;
+    std::size_t numberRoom_ = 0;  ///< what is written at most when all arguments are numbers
 };
 
 /// `format` with the arguments filled in, by the rules of `CheckedFormat`.

@@ -125,6 +125,14 @@ TEST(CheckedFormatTest, TextsAreNotReadAsFormats) {
     EXPECT_EQ(FormatText("%s|%s", {"%n%s%9999d", "100 %"}), "%n%s%9999d|100 %");
 }
 
+TEST(CheckedFormatTest, TextsOfEveryLengthArePrintedWhole) {
+    const std::string characters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    for (std::size_t length = 0; length <= characters.size(); ++length) {
+        const std::string text = characters.substr(0, length);
+        EXPECT_EQ(FormatText(text + "%s" + text, {text}), text + text + text);
+    }
+}
+
 TEST(CheckedFormatTest, LongTextsArePrintedWhole) {
     const std::string longText(1000000, 'x');
     EXPECT_EQ(FormatText("<%s>", {longText}), "<" + longText + ">");
