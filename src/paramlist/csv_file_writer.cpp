@@ -1,5 +1,7 @@
 #include "paramlist/csv_file_writer.h"
 
+#include <array>
+#include <cstddef>
 #include <string_view>
 
 #include "paramlist/field_text.h"
@@ -56,13 +58,10 @@ class CsvFileWriter {
     }
 
     bool WriteEntries(const ParameterKind& kind) {
-        for (const ParameterEntry* const entry : kind.EntriesInOrder()) {
-            WriteEntry(kind, *entry);
-            if (!writer_.EndRecord()) {
-                return false;
-            }
-        }
-        return true;
+        return kind.VisitInOrder([&](const ParameterEntry& entry) {
+            WriteEntry(kind, entry);
+            return writer_.EndRecord();
+        });
     }
 
     void WriteEntry(const ParameterKind& kind, const ParameterEntry& entry) {
@@ -73,8 +72,8 @@ class CsvFileWriter {
         } else {
             value_ += ';';
         }
-        const std::string_view name = Quoted(entry.Name(), name_);
-        const std::string_view comment = Quoted(entry.Comment(), comment_);
+        const std::string_view name = QuotedInto(name_, entry.Name());
+        const std::string_view comment = QuotedInto(comment_, entry.Comment());
         if (handler != nullptr && handler->IsBitAddressed()) {
             const FormatArgument arguments[] = {
                 kind.Keyword(), entry.Number() / 8, entry.Number() % 8, name, value_, comment};
@@ -86,11 +85,10 @@ class CsvFileWriter {
         }
     }
 
-    /// Valid until `buffer` is changed.
-    static std::string_view Quoted(std::string_view text, std::string& buffer) {
-        buffer.clear();
-        AppendQuoted(buffer, text);
-        return buffer;
+    template <std::size_t room>
+    static std::string_view QuotedInto(std::array<char, room>& buffer, std::string_view text) {
+        const char* const end = WriteQuoted(buffer.data(), text);
+        return {buffer.data(), static_cast<std::size_t>(end - buffer.data())};
     }
 
     const resources::StringTable& strings_;
@@ -98,9 +96,9 @@ class CsvFileWriter {
     const CheckedFormat bitRecordFormat_;
     const ValueTexts texts_;
     TextWriter writer_;
-    std::string name_;
     std::string value_;
-    std::string comment_;
+    std::array<char, QuotedRoom(ParameterEntry::kMaximumNameLength)> name_;
+    std::array<char, QuotedRoom(ParameterEntry::kMaximumCommentLength)> comment_;
 };
 
 }  // namespace

@@ -20,6 +20,11 @@ constexpr std::size_t kSlotsToKeep = 4;
 // Up to this many numbers for each entry it is cheaper to look for every number than to sort.
 constexpr std::uint32_t kWidestGap = 8;
 
+// How many numbers ahead to prefetch when numbers ascend: far enough for what is fetched to arrive
+// in time, near enough for it to be there still. A slot must have arrived before its entry is
+// known.
+constexpr std::uint32_t kEntryDistance = 16;
+constexpr std::uint32_t kSlotDistance = 64;
 constexpr int kForWriting = 1;
 constexpr std::size_t kCacheLineBytes = 64;
 
@@ -37,12 +42,14 @@ ParameterEntry* EntryTable::FindFirst(std::uint32_t number) const {
     return nullptr;
 }
 
-void EntryTable::Prefetch(std::uint32_t number) const {
+void EntryTable::PrefetchBehind(std::uint32_t number) const {
     if (slots_.empty()) {
         return;
     }
+    __builtin_prefetch(&slots_[SlotOf(number + kSlotDistance)]);
     // An entry lies in two cache lines. Those of a null pointer may be asked for as well.
-    const char* const entry = reinterpret_cast<const char*>(slots_[SlotOf(number)]);
+    const auto* const entry =
+        reinterpret_cast<const char*>(slots_[SlotOf(number + kEntryDistance)]);
     __builtin_prefetch(entry, kForWriting);
     __builtin_prefetch(entry + kCacheLineBytes, kForWriting);
 }
@@ -75,34 +82,8 @@ void EntryTable::Clear() noexcept {
     ForgetRange();
 }
 
-std::vector<const ParameterEntry*> EntryTable::EntriesInOrder() const {
-    std::vector<const ParameterEntry*> entries;
-    if (entryCount_ == 0) {
-        return entries;
-    }
-    entries.reserve(entryCount_);
-    if ((largest_ - smallest_) / kWidestGap > entryCount_) {
-        for (const auto& [number, first] : SortedRings()) {
-            AppendRing(entries, *first);
-        }
-        return entries;
-    }
-    for (std::uint64_t number = smallest_; number <= largest_; ++number) {
-        const ParameterEntry* const first = FindFirst(static_cast<std::uint32_t>(number));
-        if (first != nullptr) {
-            AppendRing(entries, *first);
-        }
-    }
-    return entries;
-}
-
-void EntryTable::AppendRing(std::vector<const ParameterEntry*>& entries,
-                            const ParameterEntry& first) {
-    const ParameterEntry* entry = &first;
-    do {
-        entries.push_back(entry);
-        entry = entry->nextEqual_;
-    } while (entry != &first);
+bool EntryTable::HasWideGaps() const {
+    return entryCount_ != 0 && (largest_ - smallest_) / kWidestGap > entryCount_;
 }
 
 std::vector<EntryTable::NumberedRing> EntryTable::SortedRings() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -21,9 +22,9 @@ class EntryTable {
     /// The oldest entry with this number, null when there is none.
     [[nodiscard]] ParameterEntry* FindFirst(std::uint32_t number) const;
 
-    /// Has the processor fetch the entry with this number, if there is one, from memory: it will be
-    /// asked for soon. Changes nothing but the time that takes.
-    void Prefetch(std::uint32_t number) const;
+    /// Has the processor fetch from memory what finding the numbers soon behind this one will need.
+    /// Changes nothing but the time that takes.
+    void PrefetchBehind(std::uint32_t number) const;
 
     /// Makes room for one more entry. Throws std::bad_alloc and changes nothing when memory is
     /// short.
@@ -41,8 +42,10 @@ class EntryTable {
 
     [[nodiscard]] std::size_t EntryCount() const { return entryCount_; }
 
-    /// All entries by ascending number, equal ones in the order of their insertion.
-    [[nodiscard]] std::vector<const ParameterEntry*> EntriesInOrder() const;
+    /// Calls `visit` with every entry by ascending number, equal ones in the order of their
+    /// insertion, until it returns false. True when it never did.
+    template <typename Visit>
+    bool VisitInOrder(const Visit& visit) const;
 
   private:
     struct NumberedRing {
@@ -61,8 +64,9 @@ class EntryTable {
     /// is no such ring.
     [[nodiscard]] ParameterEntry** LinkOf(std::uint32_t number);
 
-    static void AppendRing(std::vector<const ParameterEntry*>& entries,
-                           const ParameterEntry& first);
+    template <typename Visit>
+    static bool VisitRing(const ParameterEntry& first, const Visit& visit);
+    [[nodiscard]] bool HasWideGaps() const;
     [[nodiscard]] std::vector<NumberedRing> SortedRings() const;
     void Grow(std::size_t slotCount);
     void ShrinkIfSparse() noexcept;
@@ -79,6 +83,37 @@ class EntryTable {
     std::uint32_t smallest_ = std::numeric_limits<std::uint32_t>::max();  ///< of all numbers
     std::uint32_t largest_ = 0;
 };
+
+template <typename Visit>
+bool EntryTable::VisitInOrder(const Visit& visit) const {
+    if (HasWideGaps()) {
+        return std::ranges::all_of(SortedRings(), [&visit](const NumberedRing& ring) {
+            return VisitRing(*ring.first, visit);
+        });
+    }
+    // Wider than a number, so that the largest one can be passed; none when there are no entries.
+    for (std::uint64_t wide = smallest_; wide <= largest_; ++wide) {
+        const auto number = static_cast<std::uint32_t>(wide);
+        PrefetchBehind(number);
+        const ParameterEntry* const first = FindFirst(number);
+        if (first != nullptr && !VisitRing(*first, visit)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+template <typename Visit>
+bool EntryTable::VisitRing(const ParameterEntry& first, const Visit& visit) {
+    const ParameterEntry* entry = &first;
+    do {
+        if (!visit(*entry)) {
+            return false;
+        }
+        entry = entry->nextEqual_;
+    } while (entry != &first);
+    return true;
+}
 
 template <typename IsUnwanted, typename Release>
 void EntryTable::RemoveIf(const IsUnwanted& isUnwanted, const Release& release) {

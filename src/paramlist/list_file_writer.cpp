@@ -1,5 +1,7 @@
 #include "paramlist/list_file_writer.h"
 
+#include <array>
+#include <cstddef>
 #include <string_view>
 
 #include "paramlist/field_text.h"
@@ -49,13 +51,10 @@ class ListFileWriter {
     }
 
     bool WriteEntries(const ParameterKind& kind) {
-        for (const ParameterEntry* const entry : kind.EntriesInOrder()) {
-            WriteEntry(kind, *entry);
-            if (!writer_.EndRecord()) {
-                return false;
-            }
-        }
-        return true;
+        return kind.VisitInOrder([&](const ParameterEntry& entry) {
+            WriteEntry(kind, entry);
+            return writer_.EndRecord();
+        });
     }
 
     void WriteEntry(const ParameterKind& kind, const ParameterEntry& entry) {
@@ -66,28 +65,27 @@ class ListFileWriter {
             value_ += texts_.undefined;
         }
         const FormatArgument arguments[] = {kind.Keyword(), entry.Number(),
-                                            FieldText(entry.Name(), name_), value_,
-                                            FieldText(entry.Comment(), comment_)};
+                                            FieldText(name_, entry.Name()), value_,
+                                            FieldText(comment_, entry.Comment())};
         recordFormat_.AppendTo(writer_.Text(), arguments);
     }
 
-    /// Valid until `buffer` is changed.
-    static std::string_view FieldText(std::string_view text, std::string& buffer) {
+    template <std::size_t room>
+    static std::string_view FieldText(std::array<char, room>& buffer, std::string_view text) {
         if (text.empty()) {
             return ParameterEntry::kEmptyMark;
         }
-        buffer.clear();
-        AppendWithoutBlanks(buffer, text);
-        return buffer;
+        const char* const end = WriteWithoutBlanks(buffer.data(), text);
+        return {buffer.data(), static_cast<std::size_t>(end - buffer.data())};
     }
 
     const resources::StringTable& strings_;
     const CheckedFormat recordFormat_;
     const ValueTexts texts_;
     TextWriter writer_;
-    std::string name_;
     std::string value_;
-    std::string comment_;
+    std::array<char, ParameterEntry::kMaximumNameLength> name_;
+    std::array<char, ParameterEntry::kMaximumCommentLength> comment_;
 };
 
 }  // namespace

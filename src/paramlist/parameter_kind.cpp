@@ -114,7 +114,13 @@ bool ParameterKind::Declare(std::uint32_t oldNumber, std::uint32_t newNumber) {
 }
 
 std::vector<const ParameterEntry*> ParameterKind::EntriesInOrder() const {
-    return table_.EntriesInOrder();
+    std::vector<const ParameterEntry*> entries;
+    entries.reserve(EntryCount());
+    VisitInOrder([&entries](const ParameterEntry& entry) {
+        entries.push_back(&entry);
+        return true;
+    });
+    return entries;
 }
 
 }  // namespace orvell::paramlist

@@ -39,7 +39,7 @@ class ParameterKind {
     [[nodiscard]] const ParameterEntry* Find(std::uint32_t number) const;
 
     /// Tells that entries soon behind this number will be asked for, as the readers of files do.
-    void PrefetchBehind(std::uint32_t number) const { table_.Prefetch(number + kPrefetchDistance); }
+    void PrefetchBehind(std::uint32_t number) const { table_.PrefetchBehind(number); }
 
     /// The oldest entry with this number that has some flag of `mask` (`isSet`) or none of them
     /// (not `isSet`); null when there is none.
@@ -81,14 +81,18 @@ class ParameterKind {
     /// since the last `Clear`, in steps of 100; 0 before the first. They cost nothing.
     [[nodiscard]] std::uint32_t BucketCount() const { return bucketCount_; }
 
-    /// All entries by ascending number, equal ones in the order of their insertion. Linear in the
-    /// entries for lists without wide gaps, else n log n. Valid until an entry is added or removed.
+    /// Calls `visit` with every entry by ascending number, equal ones in the order of their
+    /// insertion, until it returns false. True when it never did. Linear in the entries for lists
+    /// without wide gaps, else n log n. `visit` must not add or remove entries.
+    template <typename Visit>
+    bool VisitInOrder(const Visit& visit) const {
+        return table_.VisitInOrder(visit);
+    }
+
+    /// All entries in the order of `VisitInOrder`. Valid until an entry is added or removed.
     [[nodiscard]] std::vector<const ParameterEntry*> EntriesInOrder() const;
 
   private:
-    /// Far enough for an entry to arrive in time, near enough for it to be there still.
-    static constexpr std::uint32_t kPrefetchDistance = 4;
-
     std::string keyword_;
     ValueTypeCode valueType_;
     const ValueTypeHandler* handler_;

@@ -29,5 +29,19 @@ TEST(AppendQuoted, DoublesQuotationMarks) {
     }
 }
 
+TEST(WriteQuoted, StaysWithinItsRoom) {
+    for (std::size_t size = 0; size < 40; ++size) {
+        for (const char character : {'x', '"'}) {
+            const std::string text(size, character);
+            std::string out(QuotedRoom(size) + 1, '-');
+            const char* const end = WriteQuoted(out.data(), text);
+            const std::size_t expected = character == '"' ? QuotedRoom(size) : size + 2;
+            EXPECT_EQ(std::string_view(out.data(), end),
+                      '"' + std::string(expected - 2, character) + '"');
+            EXPECT_EQ(out.substr(expected), std::string(out.size() - expected, '-'));
+        }
+    }
+}
+
 }  // namespace
 }  // namespace orvell::paramlist

@@ -242,6 +242,7 @@ TEST_F(ParameterKindTest, GivesEmptyEntriesAgainAfterPurge) {
         entry.SetComment("old");
         entry.Value().StoreText("an old text that is not short");
     }
+    kind_.SetFlags(1, true);  // one of the host's
     for (std::uint32_t number = 1; number <= 1000; number += 2) {
         Mark(number);
     }
@@ -272,6 +273,27 @@ TEST_F(ParameterKindTest, LosesNothingWhenTheYoungestOfEachNumberGo) {
     for (std::uint32_t number = 1; number <= kNumbers; ++number) {
         ASSERT_NE(kind_.Find(number), nullptr) << number;
         ASSERT_EQ(kind_.Find(number)->Name(), "oldest");
+    }
+}
+
+TEST_F(ParameterKindTest, VisitsInOrderUntilItIsToldToStop) {
+    for (const std::uint32_t farNumber : {4U, 4'000'000'000U}) {  // without and with a wide gap
+        kind_.Clear();
+        EXPECT_TRUE(kind_.VisitInOrder([](const ParameterEntry&) { return false; })) << "empty";
+        for (const std::uint32_t number : {farNumber, 2U, 2U, 1U}) {
+            kind_.Obtain(number, /*allowDuplicate=*/true);
+        }
+        for (std::size_t limit = 1; limit <= 5; ++limit) {
+            std::vector<std::uint32_t> numbers;
+            const bool isComplete = kind_.VisitInOrder([&](const ParameterEntry& entry) {
+                numbers.push_back(entry.Number());
+                return numbers.size() < limit;
+            });
+            std::vector<std::uint32_t> expected = {1, 2, 2, farNumber};
+            expected.resize(std::min(limit, expected.size()));
+            EXPECT_EQ(numbers, expected);
+            EXPECT_EQ(isComplete, limit > 4);
+        }
     }
 }
 

@@ -146,6 +146,8 @@ TEST(TextScanTest, FindsTheFirstMatchAtEveryDistance) {
             const char* const first = blanks.data();
             const char* const other = FindFirstNotOf<' ', '\t'>(first, first + length);
             ASSERT_EQ(static_cast<std::size_t>(other - first), place) << length;
+            ASSERT_EQ(Contains<'\xFF'>(text), text.find('\xFF') < length) << length;
+            ASSERT_EQ(Contains<'-'>(text), false) << length;
         }
     }
 }
