@@ -106,6 +106,7 @@ TEST_F(ManagementSlotsTest, AnUpdateCycleMovesSwapsAndDrops) {
     Set("PW2", "20");
     Set("PW3", "30");
     Set("PL9", "90");
+    Set("PW9", "91");
     Set("E0.5", "1");
     List().FindKind("PW")->Find(1)->SetName("first");
 

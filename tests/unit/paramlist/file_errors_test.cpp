@@ -55,8 +55,9 @@ TEST_P(WriteErrors, AnEmptyListIsWrittenWithTheLastBlock) {
     EXPECT_EQ(sink.closeCount, 1);
 }
 
-TEST_F(WriteErrors, FilesThatCannotBeCreatedAreFailures) {
-    for (const char* path : {"", "no such folder/A.SIL", "/"}) {
+TEST_F(WriteErrors, FilesThatCannotBeWrittenAreFailures) {
+    // The last is a device that is always full, or nothing where there is no such device.
+    for (const char* path : {"", "no such folder/A.SIL", "/", "/dev/full"}) {
         EXPECT_FALSE(WriteListFile(list, strings, std::string(path))) << path;
         EXPECT_FALSE(WriteCsvFile(list, strings, std::string(path))) << path;
     }
