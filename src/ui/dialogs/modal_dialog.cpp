@@ -95,6 +95,7 @@ std::optional<LRESULT> ModalDialog::Dispatch(UINT message, WPARAM first, LPARAM 
             return 0;
         case WM_NCDESTROY:
             window_ = nullptr;
+            PostMessageW(nullptr, WM_NULL, 0, 0);  // a loop that waits sees its window gone
             return std::nullopt;
         default:
             return OnMessage(message, first, second);

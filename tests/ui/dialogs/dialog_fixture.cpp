@@ -25,11 +25,14 @@ DialogTest::DialogTest() {
     host.size = sizeof(host);
 }
 
+EditorServices DialogTest::Services() {
+    return {definitions.store,         definitions.converters,
+            definitions.strings,       platform::SystemMessageBoxes(),
+            GetModuleHandleW(nullptr), languageLibrary};
+}
+
 bool DialogTest::Edit(DialogParameterRecord* record) {
-    const EditorServices services{definitions.store,         definitions.converters,
-                                  definitions.strings,       platform::SystemMessageBoxes(),
-                                  GetModuleHandleW(nullptr), languageLibrary};
-    return editor.Edit(record, host, services);
+    return editor.Edit(record, host, Services());
 }
 
 bool DialogTest::EditWith(DialogParameterRecord* record,

@@ -29,6 +29,9 @@ class DialogTest : public testing::Test {
   protected:
     DialogTest();
 
+    /// What the dialogs get of this test.
+    [[nodiscard]] EditorServices Services();
+
     /// Shows the dialog on a record; the result of the editing.
     bool Edit(DialogParameterRecord* record);
     bool Edit(OwnedDialogRecord& owned) { return Edit(&owned.record); }
