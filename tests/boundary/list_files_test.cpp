@@ -27,7 +27,7 @@ constexpr Value kValues[] = {
     {"INT64PARA3", "-9223372036854775808"},
     {"PF2", "0.1"},
     {"DOUBLEPARA2", "1e+20"},
-    {"PT7", "\xC4pfel; \"Birnen\" @"},
+    {"PT7", "\xC4pfel; \"Birnen\""},
     {"TIMEPARA1", "-1"},
     {"DATEPARA1", "1608768000"},
     {"TODPARA1", "23400"},
