@@ -183,11 +183,11 @@ HRESULT GridAccessible::Select(LONG flags, GridPosition cell) const {
         return E_INVALIDARG;
     }
     grid_->EndEdit(true);
-    if (grid_ == nullptr) {
-        return CO_E_OBJNOTCONNECTED;
-    }
-    if ((flags & SELFLAG_TAKEFOCUS) != 0) {
+    if (grid_ != nullptr && (flags & SELFLAG_TAKEFOCUS) != 0) {
         SetFocus(grid_->Window());
+    }
+    if (grid_ == nullptr) {  // the parent has ended it
+        return CO_E_OBJNOTCONNECTED;
     }
     if (isExtended) {
         grid_->ExtendSelection(cell.row);

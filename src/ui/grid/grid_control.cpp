@@ -9,16 +9,16 @@ POINT PointIn(LPARAM lParam) {
     return {static_cast<SHORT>(LOWORD(lParam)), static_cast<SHORT>(HIWORD(lParam))};
 }
 
-constexpr UINT kDpiChangedAfterParent = 0x02E3;  // WM_DPICHANGED_AFTERPARENT, since Windows 10
+// WM_DPICHANGED, since Windows 8.1, and WM_DPICHANGED_AFTERPARENT, since Windows 10
+constexpr UINT kDpiChanged = 0x02E0;
+constexpr UINT kDpiChangedAfterParent = 0x02E3;
 
 }  // namespace
 
 CGridCtrl::CGridCtrl(HWND window) : window_(window), dpi_(DpiOf(window)) {
     // An editor must not be drawn over.
     SetWindowLongPtrA(window, GWL_STYLE, GetWindowLongPtrA(window, GWL_STYLE) | WS_CLIPCHILDREN);
-    font_.SetDpi(dpi_);
-    colours_ = SystemGridColours();
-    UpdateMetrics();
+    TakeSystemLook();
 }
 
 CGridCtrl::~CGridCtrl() = default;
@@ -46,14 +46,16 @@ LRESULT CGridCtrl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_GETFONT:
             return reinterpret_cast<LRESULT>(font_.WhatWasSet());
+        case kDpiChanged:
+            SetDpi(LOWORD(wParam));
+            return 0;
         case kDpiChangedAfterParent:
             SetDpi(DpiOf(window_));
             return 0;
         case WM_SYSCOLORCHANGE:
         case WM_THEMECHANGED:
         case WM_SETTINGCHANGE:
-            colours_ = SystemGridColours();
-            Invalidate();
+            TakeSystemLook();
             return 0;
         case WM_GETOBJECT:
             return OnGetObject(wParam, lParam);

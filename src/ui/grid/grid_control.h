@@ -132,8 +132,10 @@ class CGridCtrl {
 
     // grid_sizes.cpp
     void OnSetFont(HFONT font, bool redraw);
+    void TakeSystemLook();
     void UpdateMetrics();
     void UpdateScrollBars();
+    void UpdateBarPositions();
     void TakeClientSize();
     void OnScroll(int bar, WPARAM wParam);
     void OnWheel(WPARAM wParam);

@@ -32,8 +32,8 @@ void CGridCtrl::ChangeSelection(const Change& change) {
     const GridSelection before = selection_;
     change();
     const GridPosition current = selection_.Current();
-    if (!current.IsNone() && layout_.Reveal(current)) {
-        UpdateScrollBars();
+    if (!current.IsNone() && layout_.Reveal(current) && window_ != nullptr) {
+        UpdateBarPositions();
         Invalidate();
     }
     if (selection_ == before) {

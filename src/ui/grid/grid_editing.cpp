@@ -59,7 +59,8 @@ void CGridCtrl::EndEdit(bool accept) {
     }
     editor.reset();
     Invalidate(edited_);
-    if (accept) {
+    // The model may have changed below the editor.
+    if (accept && model_.IsCellEditable(edited_.row, edited_.column)) {
         CommitText(edited_, text.has_value()
                                 ? *text
                                 : std::string(model_.GetItemText(edited_.row, edited_.column)));

@@ -23,6 +23,9 @@ POINT MouseIn(HWND window) {
 
 void CGridCtrl::OnButtonDown(POINT point, bool isShiftDown) {
     EndEdit(true);
+    if (window_ == nullptr) {
+        return;
+    }
     SetFocus(window_);
     if (const int border = DraggableBorderAt(point); border >= 0) {
         return BeginColumnDrag(border, point.x);

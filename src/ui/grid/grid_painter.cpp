@@ -39,7 +39,7 @@ GridRect ArrowRect(const GridRect& cell, const GridMetrics& metrics) {
 
 GridPainter::GridPainter(HDC canvas, const GridView& view)
     : canvas_(canvas), view_(view), savedState_(SaveDC(canvas)) {
-    SetBkMode(canvas_, TRANSPARENT);
+    SelectObject(canvas_, view_.font);
 }
 
 GridPainter::~GridPainter() {
@@ -55,6 +55,12 @@ void GridPainter::Paint(const GridRect& area) const {
 }
 
 void GridPainter::PaintRows(const GridRows& rows, const std::vector<int>& columns) const {
+    if (rows.first >= rows.end || columns.empty()) {
+        return;
+    }
+    const GridRect first = view_.layout.CellRect({rows.first, columns.front()});
+    const GridRect last = view_.layout.CellRect({rows.end - 1, columns.back()});
+    Fill({first.left, first.top, last.right, last.bottom}, view_.colours.line);
     for (int row = rows.first; row < rows.end; ++row) {
         for (const int column : columns) {
             PaintCell({row, column});
@@ -64,40 +70,46 @@ void GridPainter::PaintRows(const GridRows& rows, const std::vector<int>& column
 
 void GridPainter::PaintCell(GridPosition position) const {
     const CGridCellBase* const cell = view_.cells.CellAt(position.row, position.column);
-    const GridRect whole = view_.layout.CellRect(position);
-    const GridRect inside = WithoutLine(whole);
-    const GridRect visible = view_.layout.VisiblePart(position);
-    if (cell == nullptr || visible.IsEmpty()) {
+    if (cell == nullptr) {
         return;
     }
+    const GridRect whole = view_.layout.CellRect(position);
+    const GridRect inside = WithoutLine(whole);
+    const GridRect visible = Intersection(inside, view_.layout.VisiblePart(position));
     const CellColours colours = ColoursOf(position, *cell);
-    Fill(visible, view_.colours.line);
-    const GridRect visibleInside = Intersection(inside, visible);
-    Fill(visibleInside, colours.back);
     SetTextColor(canvas_, colours.text);
+    SetBkColor(canvas_, colours.back);
+    const GridCellKind kind = view_.cells.GetCellType(position.row, position.column);
+    if (kind == GridCellKind::Text && !IsHeading(position)) {
+        return PaintText(*cell, WithPadding(inside), visible);
+    }
+    FillGround(visible);
     const int beforeClip = SaveDC(canvas_);
-    IntersectClipRect(canvas_, visibleInside.left, visibleInside.top, visibleInside.right,
-                      visibleInside.bottom);
-    PaintExtras(position, inside, *cell, colours.text);
+    IntersectClipRect(canvas_, visible.left, visible.top, visible.right, visible.bottom);
+    PaintDecorated(position, inside, *cell, kind);
     RestoreDC(canvas_, beforeClip);
 }
 
-void GridPainter::PaintExtras(GridPosition position, GridRect inside, const CGridCellBase& cell,
-                              Colour text) const {
-    GridRect room = {inside.left + view_.metrics.padding, inside.top,
-                     inside.right - view_.metrics.padding, inside.bottom};
+void GridPainter::PaintDecorated(GridPosition position, const GridRect& inside,
+                                 const CGridCellBase& cell, GridCellKind kind) const {
+    GridRect room = WithPadding(inside);
     if (IsHeading(position)) {
         RECT edge = ToRect(inside);
         DrawEdge(canvas_, &edge, BDR_RAISEDINNER, BF_RECT);
-    } else if (const GridCellKind kind = view_.cells.GetCellType(position.row, position.column);
-               kind == GridCellKind::Check) {
-        PaintCheckBox(inside, cell);
+        const GridRect ground = Shrunk(inside, 1);
+        return PaintText(cell, room, ground);
+    }
+    if (kind == GridCellKind::Check) {
         room.left += view_.metrics.checkBox + view_.metrics.padding;
-    } else if (kind == GridCellKind::Combo && !cell.IsReadOnly()) {
-        PaintArrow(inside, text);
+    } else if (!cell.IsReadOnly()) {
         room.right = ArrowRect(inside, view_.metrics).left;
     }
     PaintText(cell, room, inside);
+    if (kind == GridCellKind::Check) {
+        PaintCheckBox(inside, cell);
+    } else if (!cell.IsReadOnly()) {
+        PaintArrow(inside, GetTextColor(canvas_));
+    }
 }
 
 void GridPainter::PaintCheckBox(const GridRect& inside, const CGridCellBase& cell) const {
@@ -119,36 +131,53 @@ void GridPainter::PaintArrow(const GridRect& inside, Colour colour) const {
     }
 }
 
+/// Fills the ground as well.
 void GridPainter::PaintText(const CGridCellBase& cell, const GridRect& room,
-                            const GridRect& visible) const {
+                            const GridRect& ground) const {
     if (cell.Text().empty()) {
-        return;
+        return FillGround(ground);
     }
-    SelectObject(canvas_, cell.Font() == nullptr ? view_.font : static_cast<HFONT>(cell.Font()));
+    if (cell.Font() != nullptr) {
+        SelectObject(canvas_, cell.Font());
+    }
     if ((cell.Format() & kGridTextSingleLine) != 0) {
-        return PaintLine(cell, room, visible);
+        PaintLine(cell, room, ground);
+    } else {
+        const UINT sides = cell.Format() & (kGridTextCentred | kGridTextRight);
+        PaintLines(cell.Text(), room, ground, sides | DT_WORDBREAK);
     }
-    RECT lines = ToRect(room);
-    DrawTextA(canvas_, cell.Text().data(), static_cast<int>(cell.Text().size()), &lines,
-              (cell.Format() & (kGridTextCentred | kGridTextRight)) | DT_WORDBREAK | DT_NOPREFIX);
+    if (cell.Font() != nullptr) {
+        SelectObject(canvas_, view_.font);
+    }
 }
 
 void GridPainter::PaintLine(const CGridCellBase& cell, const GridRect& room,
-                            const GridRect& visible) const {
+                            const GridRect& ground) const {
     const int length = VisibleLength(cell.Text(), room);
     SIZE size = {};
     GetTextExtentPoint32A(canvas_, cell.Text().data(), length, &size);
     const bool isCentred = (cell.Format() & kGridTextCentredVertically) != 0;
     const int top = isCentred ? Centred(room.top, room.bottom, size.cy) : room.top;
     if (size.cx > room.right - room.left) {
-        RECT shortened = {room.left, top, room.right, top + size.cy};
-        DrawTextA(canvas_, cell.Text().data(), length, &shortened,
-                  DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
-        return;
+        const std::string_view visible(cell.Text().data(), static_cast<std::size_t>(length));
+        return PaintLines(visible, {room.left, top, room.right, top + size.cy}, ground,
+                          DT_SINGLELINE | DT_END_ELLIPSIS);
     }
-    const RECT clip = ToRect(visible);
-    ExtTextOutA(canvas_, TextLeft(room, cell.Format(), size.cx), top, ETO_CLIPPED, &clip,
-                cell.Text().data(), static_cast<UINT>(length), nullptr);
+    const RECT filled = ToRect(ground);
+    ExtTextOutA(canvas_, TextLeft(room, cell.Format(), size.cx), top, ETO_OPAQUE | ETO_CLIPPED,
+                &filled, cell.Text().data(), static_cast<UINT>(length), nullptr);
+}
+
+/// Slower than a single call, which most texts need.
+void GridPainter::PaintLines(std::string_view text, const GridRect& room, const GridRect& ground,
+                             UINT format) const {
+    FillGround(ground);
+    const int beforeClip = SaveDC(canvas_);
+    IntersectClipRect(canvas_, ground.left, ground.top, ground.right, ground.bottom);
+    SetBkMode(canvas_, TRANSPARENT);
+    RECT lines = ToRect(room);
+    DrawTextA(canvas_, text.data(), static_cast<int>(text.size()), &lines, format | DT_NOPREFIX);
+    RestoreDC(canvas_, beforeClip);
 }
 
 void GridPainter::PaintCurrentFrame() const {
@@ -169,9 +198,18 @@ void GridPainter::PaintCurrentFrame() const {
 }
 
 void GridPainter::Fill(const GridRect& rect, Colour colour) const {
-    const RECT filled = ToRect(rect);
     SetBkColor(canvas_, colour);
+    FillGround(rect);
+}
+
+void GridPainter::FillGround(const GridRect& rect) const {
+    const RECT filled = ToRect(rect);
     ExtTextOutA(canvas_, 0, 0, ETO_OPAQUE, &filled, nullptr, 0, nullptr);
+}
+
+GridRect GridPainter::WithPadding(const GridRect& inside) const {
+    return {inside.left + view_.metrics.padding, inside.top, inside.right - view_.metrics.padding,
+            inside.bottom};
 }
 
 bool GridPainter::IsHeading(GridPosition position) const {

@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <string_view>
+#include <vector>
+
 #include "ui/grid/grid_cell_source.h"
 #include "ui/grid/grid_layout.h"
 #include "ui/grid/grid_look.h"
@@ -50,14 +53,19 @@ class GridPainter {
 
     void PaintRows(const GridRows& rows, const std::vector<int>& columns) const;
     void PaintCell(GridPosition position) const;
-    void PaintExtras(GridPosition position, GridRect inside, const CGridCellBase& cell,
-                     Colour text) const;
+    void PaintDecorated(GridPosition position, const GridRect& inside, const CGridCellBase& cell,
+                        GridCellKind kind) const;
     void PaintCheckBox(const GridRect& inside, const CGridCellBase& cell) const;
     void PaintArrow(const GridRect& inside, Colour colour) const;
-    void PaintText(const CGridCellBase& cell, const GridRect& room, const GridRect& visible) const;
-    void PaintLine(const CGridCellBase& cell, const GridRect& room, const GridRect& visible) const;
+    void PaintText(const CGridCellBase& cell, const GridRect& room, const GridRect& ground) const;
+    void PaintLine(const CGridCellBase& cell, const GridRect& room, const GridRect& ground) const;
+    void PaintLines(std::string_view text, const GridRect& room, const GridRect& ground,
+                    UINT format) const;
     void PaintCurrentFrame() const;
     void Fill(const GridRect& rect, Colour colour) const;
+    void FillGround(const GridRect& rect) const;  // in the present colour
+
+    [[nodiscard]] GridRect WithPadding(const GridRect& inside) const;
 
     [[nodiscard]] bool IsHeading(GridPosition position) const;
     [[nodiscard]] bool IsSelected(GridPosition position) const;

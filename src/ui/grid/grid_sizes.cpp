@@ -23,15 +23,24 @@ BarNeeds NeededBars(SIZE room, const GridLayout& layout) {
     return {vertical, contentWidth > room.cx - (vertical ? barWidth : 0)};
 }
 
+bool HasStyle(HWND window, DWORD style) {
+    return (static_cast<DWORD>(GetWindowLongPtrA(window, GWL_STYLE)) & style) != 0;
+}
+
+void ShowBar(HWND window, int bar, DWORD style, bool isNeeded) {
+    if (HasStyle(window, style) != isNeeded) {
+        ShowScrollBar(window, bar, isNeeded);
+    }
+}
+
 /// The client area without scroll bars.
 SIZE RoomOf(HWND window) {
     RECT client = {};
     GetClientRect(window, &client);
-    const auto style = static_cast<DWORD>(GetWindowLongPtrA(window, GWL_STYLE));
-    if ((style & WS_VSCROLL) != 0) {
+    if (HasStyle(window, WS_VSCROLL)) {
         client.right += GetSystemMetrics(SM_CXVSCROLL);
     }
-    if ((style & WS_HSCROLL) != 0) {
+    if (HasStyle(window, WS_HSCROLL)) {
         client.bottom += GetSystemMetrics(SM_CYHSCROLL);
     }
     return {client.right, client.bottom};
@@ -70,6 +79,9 @@ int CGridCtrl::GetRowHeight(int) const {
 }
 
 void CGridCtrl::Refresh() {
+    if (IsEditing() && !model_.IsCellEditable(edited_.row, edited_.column)) {
+        EndEdit(false);
+    }
     layout_.SetShape(model_);
     selection_.KeepWithin(ValueCells());
     Invalidate();
@@ -92,8 +104,7 @@ void CGridCtrl::SetDpi(int dpi) {
         layout_.SetColumnWidth(column, MulDiv(layout_.ColumnWidth(column), dpi, dpi_));
     }
     dpi_ = dpi;
-    font_.SetDpi(dpi);
-    UpdateMetrics();
+    TakeSystemLook();
 }
 
 void CGridCtrl::OnSetFont(HFONT font, bool redraw) {
@@ -103,6 +114,12 @@ void CGridCtrl::OnSetFont(HFONT font, bool redraw) {
     if (redraw && window_ != nullptr) {
         UpdateWindow(window_);
     }
+}
+
+void CGridCtrl::TakeSystemLook() {
+    colours_ = SystemGridColours();
+    font_.SetDpi(dpi_);
+    UpdateMetrics();
 }
 
 void CGridCtrl::UpdateMetrics() {
@@ -118,13 +135,23 @@ void CGridCtrl::UpdateScrollBars() {
         return;
     }
     const BarNeeds needs = NeededBars(RoomOf(window_), layout_);
-    ShowScrollBar(window_, SB_VERT, needs.vertical);
-    ShowScrollBar(window_, SB_HORZ, needs.horizontal);
+    ShowBar(window_, SB_VERT, WS_VSCROLL, needs.vertical);
+    ShowBar(window_, SB_HORZ, WS_HSCROLL, needs.horizontal);
     TakeClientSize();
-    SetBar(window_, SB_VERT, layout_.ScrollableRows(), layout_.PageRows(), layout_.ScrolledRows());
-    SetBar(window_, SB_HORZ, layout_.ContentWidth(), layout_.ClientWidth(),
-           layout_.ScrolledPixels());
+    UpdateBarPositions();
     isAdjustingBars_ = false;
+}
+
+/// After scrolling, when the bars themselves stay.
+void CGridCtrl::UpdateBarPositions() {
+    if (HasStyle(window_, WS_VSCROLL)) {
+        SetBar(window_, SB_VERT, layout_.ScrollableRows(), layout_.PageRows(),
+               layout_.ScrolledRows());
+    }
+    if (HasStyle(window_, WS_HSCROLL)) {
+        SetBar(window_, SB_HORZ, layout_.ContentWidth(), layout_.ClientWidth(),
+               layout_.ScrolledPixels());
+    }
 }
 
 void CGridCtrl::TakeClientSize() {
@@ -170,8 +197,8 @@ void CGridCtrl::ScrollTo(int bar, int position) {
     EndEdit(true);
     const bool hasMoved =
         bar == SB_VERT ? layout_.ScrollToRows(position) : layout_.ScrollToPixels(position);
-    if (hasMoved) {
-        UpdateScrollBars();
+    if (hasMoved && window_ != nullptr) {
+        UpdateBarPositions();
         Invalidate();
     }
 }
