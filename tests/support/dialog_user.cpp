@@ -47,13 +47,6 @@ class Desk {
     HWND window_;
 };
 
-std::string TextOf(HWND window) {
-    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
-    text.resize(static_cast<std::size_t>(
-        GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
-
 struct Search {
     const std::function<bool(HWND)>& isWanted;
     HWND found;
@@ -150,6 +143,13 @@ void DialogUser::Press(HWND dialog, int button) {
 void DialogUser::SetText(HWND dialog, int control, std::string_view text) {
     SendDlgItemMessageA(dialog, control, WM_SETTEXT, 0,
                         reinterpret_cast<LPARAM>(std::string(text).c_str()));
+}
+
+std::string DialogUser::TextOf(HWND window) {
+    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
+    text.resize(static_cast<std::size_t>(
+        GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
+    return text;
 }
 
 std::string DialogUser::Text(HWND dialog, int control) {

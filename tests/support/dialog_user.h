@@ -42,6 +42,7 @@ class DialogUser {
     /// Puts a text into an edit, as a program does.
     static void SetText(HWND dialog, int control, std::string_view text);
     [[nodiscard]] static std::string Text(HWND dialog, int control);
+    [[nodiscard]] static std::string TextOf(HWND window);
 
     /// Types characters into a control, which gets the focus.
     void Type(HWND control, std::string_view characters) const;

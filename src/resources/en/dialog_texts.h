@@ -5,4 +5,4 @@
 #define ORVELL_TEXT_BOX_WIDTH "Box width: "
 #define ORVELL_TEXT_FORMAT "Format: "
 #define ORVELL_TEXT_CANCEL "Cancel"
-#define ORVELL_TEXT_TRANSFERRING "Transferring the parameter values to the target system ..."
+#define ORVELL_TEXT_TRANSFERRING "Transferring the values to the target system ..."

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <memory>
+#include <type_traits>
 
 namespace orvell::ui {
 
@@ -21,10 +22,9 @@ class DialogResources {
     [[nodiscard]] const DLGTEMPLATE* FindDialog(int number) const;
 
     struct DestroyIcon {
-        using pointer = HICON;
         void operator()(HICON icon) const { ::DestroyIcon(icon); }
     };
-    using Icon = std::unique_ptr<HICON, DestroyIcon>;
+    using Icon = std::unique_ptr<std::remove_pointer_t<HICON>, DestroyIcon>;
 
     /// The image with this number at the system's size for large or small window symbols.
     [[nodiscard]] Icon LoadWindowSymbol(int number, bool isLarge) const;

@@ -34,6 +34,15 @@ SIZE SizeOf(HWND window) {
     return {place.right - place.left, place.bottom - place.top};
 }
 
+/// What a window has around its client area, scroll bars not counted.
+SIZE FrameOf(HWND window) {
+    const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
+    const auto extendedStyle = static_cast<DWORD>(GetWindowLongW(window, GWL_EXSTYLE));
+    RECT frame{};
+    AdjustWindowRectEx(&frame, style & ~DWORD{WS_HSCROLL | WS_VSCROLL}, FALSE, extendedStyle);
+    return {frame.right - frame.left, frame.bottom - frame.top};
+}
+
 RECT WorkAreaAround(HWND window) {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof(monitor);
@@ -135,10 +144,7 @@ void ParameterDialog::SetUpFormats() {
 
 /// The height of the grid's window that shows so many rows.
 int ParameterDialog::HeightOfRows(int count) const {
-    const HWND grid = Control(ORVELL_VALUE_GRID);
-    RECT client{};
-    GetClientRect(grid, &client);
-    const LONG frame = SizeOf(grid).cy - client.bottom;
+    const LONG frame = FrameOf(Control(ORVELL_VALUE_GRID)).cy;
     return count * Grid().GetRowHeight(kHeaderRow) + static_cast<int>(frame);
 }
 
@@ -170,9 +176,9 @@ void ParameterDialog::OnSize() {
 /// Both columns together leave room for the vertical scroll bar, whether it is there or not. At
 /// first they are equal; later they keep the ratio that the user has given them.
 void ParameterDialog::FitColumns() {
-    const int frame = 2 * GetSystemMetrics(SM_CXBORDER);
-    const int width = static_cast<int>(SizeOf(Control(ORVELL_VALUE_GRID)).cx) - frame -
-                      GetSystemMetrics(SM_CXVSCROLL);
+    const HWND window = Control(ORVELL_VALUE_GRID);
+    const int width =
+        static_cast<int>(SizeOf(window).cx - FrameOf(window).cx) - GetSystemMetrics(SM_CXVSCROLL);
     CGridCtrl& grid = Grid();
     const int before = grid.GetColumnWidth(kNameColumn) + grid.GetColumnWidth(kValueColumn);
     const int nameWidth = isFilled_ && before > 0
