@@ -43,15 +43,29 @@ ParameterEntry* EntryTable::FindFirst(std::uint32_t number) const {
 }
 
 void EntryTable::PrefetchBehind(std::uint32_t number) const {
-    if (slots_.empty()) {
-        return;
+    PrefetchSlot(number + kSlotDistance);
+    PrefetchEntry(number + kEntryDistance);
+}
+
+void EntryTable::PrefetchSlot(std::uint32_t number) const {
+    if (!slots_.empty()) {
+        __builtin_prefetch(&slots_[SlotOf(number)]);
     }
-    __builtin_prefetch(&slots_[SlotOf(number + kSlotDistance)]);
-    // An entry lies in two cache lines. Those of a null pointer may be asked for as well.
-    const auto* const entry =
-        reinterpret_cast<const char*>(slots_[SlotOf(number + kEntryDistance)]);
-    __builtin_prefetch(entry, kForWriting);
-    __builtin_prefetch(entry + kCacheLineBytes, kForWriting);
+}
+
+void EntryTable::PrefetchEntry(std::uint32_t number) const {
+    if (!slots_.empty()) {
+        PrefetchAt(SlotOf(number));
+    }
+}
+
+void EntryTable::PrefetchAt(std::size_t slot) const {
+    if (slot < slots_.size()) {
+        // An entry lies in two cache lines. Those of a null pointer may be asked for as well.
+        const auto* const entry = reinterpret_cast<const char*>(slots_[slot]);
+        __builtin_prefetch(entry, kForWriting);
+        __builtin_prefetch(entry + kCacheLineBytes, kForWriting);
+    }
 }
 
 void EntryTable::Reserve() {

@@ -26,6 +26,11 @@ class EntryTable {
     /// Changes nothing but the time that takes.
     void PrefetchBehind(std::uint32_t number) const;
 
+    /// As `PrefetchBehind` for this number alone, of which the slot comes first and, when that has
+    /// arrived, the entry.
+    void PrefetchSlot(std::uint32_t number) const;
+    void PrefetchEntry(std::uint32_t number) const;
+
     /// Makes room for one more entry. Throws std::bad_alloc and changes nothing when memory is
     /// short.
     void Reserve();
@@ -59,6 +64,12 @@ class EntryTable {
                                    const Release& release);
 
     [[nodiscard]] std::size_t SlotOf(std::uint32_t number) const;
+
+    /// How many slots ahead to prefetch when all are visited.
+    static constexpr std::size_t kVisitDistance = 16;
+
+    /// Has the entry in this slot fetched, if there are such a slot and such an entry.
+    void PrefetchAt(std::size_t slot) const;
 
     /// Where the ring of this number hangs in its chain: a null pointer at the chain's end if there
     /// is no such ring.
@@ -118,8 +129,9 @@ bool EntryTable::VisitRing(const ParameterEntry& first, const Visit& visit) {
 template <typename IsUnwanted, typename Release>
 void EntryTable::RemoveIf(const IsUnwanted& isUnwanted, const Release& release) {
     ForgetRange();
-    for (ParameterEntry*& slot : slots_) {
-        ParameterEntry** link = &slot;
+    for (std::size_t place = 0; place < slots_.size(); ++place) {
+        PrefetchAt(place + kVisitDistance);
+        ParameterEntry** link = &slots_[place];
         while (*link != nullptr) {
             ParameterEntry* const nextRing = (*link)->nextRing_;
             *link = RemoveFromRing(**link, isUnwanted, release);

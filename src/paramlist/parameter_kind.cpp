@@ -100,6 +100,10 @@ bool ParameterKind::Declare(std::uint32_t oldNumber, std::uint32_t newNumber) {
         Obtain(newNumber, /*allowDuplicate=*/false).flags_ |= kDeclaredMark;
         return true;
     }
+    // What is at the two numbers lies far apart: it is fetched at once.
+    table_.PrefetchSlot(newNumber);
+    table_.PrefetchEntry(oldNumber);
+    table_.PrefetchEntry(newNumber);
     const ParameterEntry* const source = FindMarked(oldNumber, kDeclaredMark, /*isSet=*/false);
     // Copied before anything is changed: memory may be short.
     ParameterValue value = source != nullptr ? source->value_ : ParameterValue();
