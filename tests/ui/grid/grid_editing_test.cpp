@@ -174,6 +174,25 @@ TEST(GridEditing, TheParentMayTakeTheRowAway) {
     EXPECT_EQ(dialog.Model().GetRowCount(), 1);
 }
 
+TEST(GridEditing, AnEditWhoseRowGoesIsGivenUp) {
+    GridDialog dialog(3);
+    dialog.Press(VK_DOWN, {VK_CONTROL});
+    dialog.Type("x");
+    dialog.Model().SetRowCount(2);
+    dialog.Grid().AdjustSizes();
+    EXPECT_EQ(dialog.Editor(), nullptr);
+    EXPECT_TRUE(dialog.edits.empty());
+}
+
+TEST(GridEditing, ACellThatBecomesReadOnlyKeepsItsText) {
+    GridDialog dialog;
+    dialog.Type("x");
+    dialog.Model().SetItemState(1, 1, kGridCellReadOnly);
+    dialog.Press(VK_RETURN);
+    EXPECT_EQ(dialog.Text(1), "value 1");
+    EXPECT_TRUE(dialog.edits.empty());
+}
+
 TEST(GridEditing, TheParentMayDestroyTheGrid) {
     GridDialog dialog;
     dialog.onEdit = [&](const GridNotification&) { DestroyWindow(dialog.GridWindow()); };

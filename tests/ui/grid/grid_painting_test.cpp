@@ -295,6 +295,10 @@ TEST(GridLook, TheGridFollowsTheDotsPerInch) {
     dialog.Grid().SetDpi(96);
     EXPECT_EQ(dialog.Grid().GetColumnWidth(0), 120);
     EXPECT_EQ(dialog.Grid().GetRowHeight(0), height);
+    constexpr UINT kDpiChanged = 0x02E0;
+    SendMessageA(dialog.GridWindow(), kDpiChanged, MAKEWPARAM(144, 144), 0);
+    EXPECT_EQ(dialog.Grid().GetColumnWidth(0), 180);
+    dialog.Grid().SetDpi(96);
     dialog.Grid().SetDpi(0);
     EXPECT_EQ(dialog.Grid().GetColumnWidth(0), 120);
 }

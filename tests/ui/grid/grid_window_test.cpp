@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "ui/grid/grid_dialog.h"
 
 namespace orvell::ui {
@@ -215,6 +217,39 @@ TEST(GridWindow, RowsThatGoTakeTheCurrentCellAlong) {
     EXPECT_TRUE(dialog.Current().IsNone());
     dialog.Press(VK_DOWN);
     dialog.Type("x");
+    EXPECT_EQ(dialog.Editor(), nullptr);
+}
+
+/// Whatever comes in whatever order, the current cell is one of the grid's.
+TEST(GridWindow, SurvivesAnyOrderOfMessages) {
+    constexpr UINT kMessages[] = {
+        WM_KEYDOWN,   WM_SYSKEYDOWN, WM_CHAR,       WM_LBUTTONDOWN,    WM_LBUTTONDBLCLK,
+        WM_MOUSEMOVE, WM_LBUTTONUP,  WM_MOUSEWHEEL, WM_VSCROLL,        WM_HSCROLL,
+        WM_COPY,      WM_PASTE,      WM_TIMER,      WM_SYSCOLORCHANGE, WM_CAPTURECHANGED,
+        WM_KILLFOCUS, WM_SETFOCUS,   WM_PAINT,      WM_COMMAND,        kGridEditorMessage};
+    constexpr WPARAM kKeys[] = {VK_DOWN,   VK_UP,     VK_NEXT, VK_END, VK_HOME, VK_F2,
+                                VK_RETURN, VK_ESCAPE, VK_TAB,  ' ',    'V',     1};
+    GridDialog dialog(30);
+    dialog.MakeCombo(2, {"Off", "On"});
+    dialog.Model().SetCellType(3, 1, GridCellKind::Check);
+    std::mt19937 random(1);
+    const auto pick = [&](const auto& list) { return list[random() % std::size(list)]; };
+    for (int i = 0; i < 5000; ++i) {
+        const HWND target =
+            dialog.Editor() != nullptr && random() % 2 == 0 ? dialog.Editor() : dialog.GridWindow();
+        const UINT message = pick(kMessages);
+        const auto point = static_cast<LPARAM>(random() % 150 << 16 | random() % 300);
+        const bool isWithoutParameters = message == WM_PAINT || message == WM_COMMAND;
+        SendMessageA(target, message, isWithoutParameters ? 0 : pick(kKeys),
+                     isWithoutParameters ? 0 : point);
+        if (random() % 50 == 0) {
+            dialog.Model().SetRowCount(static_cast<int>(random() % 40));
+            dialog.Grid().AdjustSizes();
+        }
+        const GridPosition current = dialog.Current();
+        ASSERT_TRUE(current.IsNone() || dialog.Model().IsValueCell(current.row, current.column));
+    }
+    dialog.Grid().EndEdit(false);
     EXPECT_EQ(dialog.Editor(), nullptr);
 }
 
