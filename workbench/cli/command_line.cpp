@@ -5,6 +5,8 @@
 #include <charconv>
 #include <ranges>
 
+#include "cli/command_options.h"
+
 namespace workbench::cli {
 namespace {
 
@@ -14,6 +16,9 @@ constexpr std::array kCommands{
     CommandSyntax{Command::Text, "text", "PROJECT ID HEX|@FILE", 3, true},
     CommandSyntax{Command::Leaves, "leaves", "PROJECT ID HEX|@FILE", 3, true},
     CommandSyntax{Command::Check, "check", "PROJECT ID HEX|@FILE", 3, true},
+    CommandSyntax{Command::Edit, "edit", "PROJECT ID [HEX|@FILE]", 2, true},
+    CommandSyntax{Command::Read, "read", "PROJECT ID", 2, false},
+    CommandSyntax{Command::Write, "write", "PROJECT ID HEX|@FILE", 3, true},
     CommandSyntax{Command::Merge, "merge", "PROJECT DIRECTORY", 2, false},
     CommandSyntax{Command::Export, "export", "PROJECT DIRECTORY", 2, false},
     CommandSyntax{Command::Save, "save", "PROJECT NEWPROJECT", 2, false},
@@ -27,20 +32,6 @@ constexpr std::array kCommands{
 
 /// The first word of the commands that have two.
 constexpr std::string_view kListWord = "list";
-
-constexpr std::array<std::string_view, 5> kOptionsWithValue{"--count", "--format", "--language",
-                                                            "--name", "--comment"};
-constexpr std::array<std::string_view, 4> kFormats{"default", "signed", "unsigned", "hex"};
-constexpr std::array<std::string_view, 2> kLanguages{"de", "en"};
-
-template <typename Range>
-std::string Alternatives(const Range& words) {
-    std::string text;
-    for (const auto& word : words) {
-        text += (text.empty() ? "" : ", ") + std::string(word);
-    }
-    return text;
-}
 
 const CommandSyntax* FindCommand(std::string_view word) {
     const auto found = std::ranges::find(kCommands, word, &CommandSyntax::word);
@@ -56,7 +47,9 @@ class Parser {
     bool Parse() {
         while (position_ < words_.size()) {
             const std::string& word = words_[position_++];
-            if (!(word.starts_with("--") ? TakeOption(word) : TakeArgument(word))) {
+            if (!(word.starts_with("--")
+                      ? TakeOption(word, words_.subspan(position_), result_, position_, error_)
+                      : TakeArgument(word))) {
                 return false;
             }
         }
@@ -90,48 +83,6 @@ class Parser {
         }
         result_.command = syntax_->command;
         return true;
-    }
-
-    bool TakeOption(const std::string& option) {
-        if (option == "--help") {
-            return result_.help = true;
-        }
-        if (option == "--bare" || option == "--quoted") {
-            result_.bare = option == "--bare";
-            return true;
-        }
-        if (option == "--replace") {
-            return result_.replace = true;
-        }
-        if (std::ranges::find(kOptionsWithValue, option) == kOptionsWithValue.end()) {
-            return Fail("There is no option " + option + ". See workbench --help.");
-        }
-        if (position_ == words_.size()) {
-            return Fail("The option " + option + " needs a word behind it.");
-        }
-        return TakeOptionValue(option, words_[position_++]);
-    }
-
-    bool TakeOptionValue(const std::string& option, const std::string& value) {
-        if (option == "--count") {
-            const auto count = ParseNumber(value);
-            result_.count = count.value_or(1);
-            return count ||
-                   Fail("--count needs a decimal number of values, not \"" + value + "\".");
-        }
-        if (option == "--format") {
-            const auto found = std::ranges::find(kFormats, value);
-            result_.format = static_cast<std::uint8_t>(found - kFormats.begin());
-            return found != kFormats.end() ||
-                   Fail("--format needs one of: " + Alternatives(kFormats) + ".");
-        }
-        if (option == "--name" || option == "--comment") {
-            (option == "--name" ? result_.name : result_.comment) = value;
-            return true;
-        }
-        result_.language = value;
-        return std::ranges::find(kLanguages, value) != kLanguages.end() ||
-               Fail("--language needs one of: " + Alternatives(kLanguages) + ".");
     }
 
     bool IsComplete() {

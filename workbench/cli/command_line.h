@@ -16,6 +16,9 @@ enum class Command {
     Text,
     Leaves,
     Check,
+    Edit,
+    Read,
+    Write,
     Merge,
     Export,
     Save,
@@ -44,13 +47,29 @@ struct CommandLine {
     Command command = Command::None;  ///< none: help for the whole program was asked for
     bool help = false;
     std::vector<std::string> arguments;  ///< the project comes first
-    std::uint32_t count = 1;
-    std::uint8_t format = 0;  ///< as in ParameterRecord
-    bool bare = false;        ///< STRING texts without quotation marks
+    std::optional<std::string> language;
+
+    // Values
+    std::optional<std::uint32_t> count;
+    std::optional<std::uint8_t> format;  ///< as in ParameterRecord
+    bool bare = false;                   ///< STRING texts without quotation marks
+    std::optional<std::string> into;     ///< file that takes the value
+
+    // The dialog
+    bool vector = false;  ///< with the vector controls
+    std::optional<std::uint32_t> boxWidth;
+    std::optional<std::string> script;
+
+    // The target system
+    bool online = false;
+    std::optional<std::uint32_t> delay;        ///< milliseconds a value
+    std::optional<std::uint32_t> cancelAfter;  ///< values
+    std::optional<std::string> refuse;         ///< path of the value that is refused
+
+    // The parameter list; the dialog's title has the names as well
     std::optional<std::string> name;
     std::optional<std::string> comment;
     bool replace = false;  ///< the import begins with an empty list
-    std::optional<std::string> language;
 };
 
 /// Parses the words after the program's name. False, with `error` saying what to do, when they

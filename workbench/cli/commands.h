@@ -14,6 +14,10 @@ namespace workbench::cli {
 [[nodiscard]] ExitCode PrintLeaves(Session& session);
 [[nodiscard]] ExitCode CheckValue(Session& session);
 
+[[nodiscard]] ExitCode EditValue(Session& session);
+[[nodiscard]] ExitCode ReadOnline(Session& session);
+[[nodiscard]] ExitCode WriteOnline(Session& session);
+
 [[nodiscard]] ExitCode MergeDefinitions(Session& session);
 [[nodiscard]] ExitCode ExportDefinitions(Session& session);
 [[nodiscard]] ExitCode SaveDefinitions(Session& session);

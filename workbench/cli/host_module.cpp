@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "cli/message_page.h"
+#include "cli/parameter_record.h"
 #include "common/module_path.h"
 
 namespace workbench::cli {
@@ -14,18 +15,6 @@ static_assert(sizeof(StdParaFunctionTable) == (1 + kSlotCount) * sizeof(void*));
 
 ConfigurationRecord Configuration(const std::string& project) {
     return {sizeof(ConfigurationRecord), nullptr, project.c_str()};
-}
-
-ParameterRecord Parameter(const Value& value) {
-    ParameterRecord record{};
-    record.size = sizeof record;
-    record.identifier = static_cast<std::int32_t>(value.area);
-    record.count = value.count;
-    record.length = static_cast<std::uint32_t>(value.bytes.size());
-    record.bytes = const_cast<std::uint8_t*>(value.bytes.data());  // read only by these slots
-    record.attribute = value.bare ? 1 : 0;
-    record.format = value.format;
-    return record;
 }
 
 std::string Copy(const char* text) {

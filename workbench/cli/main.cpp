@@ -44,6 +44,12 @@ ExitCode RunCommand(Session& session) {
             return PrintLeaves(session);
         case Command::Check:
             return CheckValue(session);
+        case Command::Edit:
+            return EditValue(session);
+        case Command::Read:
+            return ReadOnline(session);
+        case Command::Write:
+            return WriteOnline(session);
         case Command::Merge:
             return MergeDefinitions(session);
         case Command::Export:

@@ -3,6 +3,7 @@
 #include <array>
 #include <string_view>
 
+#include "cli/module_controls.h"
 #include "cli/output.h"
 #include "common/code_page.h"
 
@@ -53,7 +54,8 @@ bool ModuleMessages::CanShowWindows() {
 
 LRESULT CALLBACK ModuleMessages::OnWindowEvent(int code, WPARAM wParam, LPARAM lParam) {
     const auto window = reinterpret_cast<HWND>(wParam);
-    if (code == HCBT_ACTIVATE && current != nullptr && ClassOf(window) == kDialogClass) {
+    if (code == HCBT_ACTIVATE && current != nullptr && !current->isLettingThrough_ &&
+        ClassOf(window) == kDialogClass && !IsModuleDialog(window)) {
         current->TakeBox(window);
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);

@@ -26,10 +26,19 @@ bool FileExists(const std::string& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-std::string DefinitionPathOf(const std::string& project) {
+namespace {
+
+/// `extension` without a dot.
+std::string WithExtension(const std::string& project, const std::string& extension) {
     const std::size_t dot = project.find_last_of(".:\\");
     const bool hasExtension = dot != std::string::npos && project[dot] == '.';
-    return project.substr(0, hasExtension ? dot : project.size()) + ".STDMEMXML";
+    return project.substr(0, hasExtension ? dot : project.size()) + "." + extension;
+}
+
+}  // namespace
+
+std::string DefinitionPathOf(const std::string& project) {
+    return WithExtension(project, "STDMEMXML");
 }
 
 std::string FileName(const std::string& path) {
@@ -70,6 +79,10 @@ std::string Session::ProjectAsGiven() const {
 std::string Session::DefinitionPath() const {
     const std::string own = DefinitionPathOf(project_);
     return FileExists(own) ? own : FolderOfModule(nullptr) + "ORVELL.XML";
+}
+
+std::string Session::TargetPath() const {
+    return WithExtension(project_, "TARGET");
 }
 
 ExitCode Session::RefuseArea(std::uint32_t id) {

@@ -20,6 +20,7 @@ class Session {
 
     [[nodiscard]] const CommandLine& Options() const { return commandLine_; }
     [[nodiscard]] HostModule& Module() { return module_; }
+    [[nodiscard]] const HostModule& Module() const { return module_; }
     [[nodiscard]] ModuleMessages& Messages() { return messages_; }
     [[nodiscard]] const std::string& Project() const { return project_; }
 
@@ -29,6 +30,9 @@ class Session {
 
     /// The definition file in use: the project's own, else the default one beside the module.
     [[nodiscard]] std::string DefinitionPath() const;
+
+    /// The file beside the project that holds the values of the simulated target system.
+    [[nodiscard]] std::string TargetPath() const;
 
     /// The memory-area ID in the second argument; false when it is none, which has been reported.
     [[nodiscard]] bool ReadAreaId(std::uint32_t& id) const;

@@ -1,5 +1,6 @@
 #include "cli/usage.h"
 
+#include <initializer_list>
 #include <string_view>
 
 namespace workbench::cli {
@@ -10,7 +11,46 @@ constexpr std::string_view kValueHelp =
     "you like; @FILE takes the bytes of a file.\n"
     "  --count N    the value is a vector of N values of the area's type (default 1)\n";
 
-std::string_view Description(Command command) {
+constexpr std::string_view kTargetHelp =
+    "The target system is simulated: the file beside the project with the extension TARGET holds\n"
+    "its values.\n"
+    "  --delay N           each value takes it N milliseconds\n"
+    "  --refuse PATH       it refuses the value with this path, spelled as leaves does\n";
+
+constexpr std::string_view kCancelHelp =
+    "  --cancel-after N    cancels the transfer after N values, as Ctrl+C does\n";
+
+constexpr std::string_view kEditHelp =
+    "Opens the parameter dialog on a value, or on none. OK prints the new value and stores it in\n"
+    "FILE, when it comes from one.\n"
+    "  --vector            the value may be made a vector, or a single one\n"
+    "  --format default|signed|unsigned|hex\n"
+    "                      offers display formats, beginning with this one\n"
+    "  --box-width N       the box width to begin with\n"
+    "  --name N, --comment C\n"
+    "                      shown in place of the type's name\n"
+    "  --into FILE         stores the value there\n"
+    "  --online            OK also writes the value to the target system; without HEX or @FILE it\n"
+    "                      is read from there before\n"
+    "  --script FILE       a script works the dialog by keyboard, with a command on each line:\n"
+    "      focus CONTROL       goes to width, vector, length, values, format, ok or cancel\n"
+    "      press CONTROL       the same, then the space bar\n"
+    "      row NUMBER          goes to a row of the values, from 1\n"
+    "      key KEY...          such as F2, Enter, Ctrl+Home, Alt+Down\n"
+    "      type TEXT\n"
+    "      await CONTROL       waits for the dialog that has it; progress: for the transfer's\n"
+    "      pause MILLISECONDS\n"
+    "      picture FILE.png    keeps a picture of the dialogs\n";
+
+std::string Joined(std::initializer_list<std::string_view> texts) {
+    std::string joined;
+    for (const std::string_view text : texts) {
+        joined += text;
+    }
+    return joined;
+}
+
+std::string Description(Command command) {
     switch (command) {
         case Command::Areas:
             return "Lists the memory areas of a project: ID, type, bytes of one value.\n";
@@ -26,6 +66,16 @@ std::string_view Description(Command command) {
                    "file\nhas it (decimal comma).\n";
         case Command::Check:
             return "Says whether a value has all bytes that its type needs.\n";
+        case Command::Edit:
+            return Joined({kEditHelp, kTargetHelp});
+        case Command::Read:
+            return Joined(
+                {"Reads a value from the target system and prints every element.\n"
+                 "  --count N           a vector of N values (default 1)\n"
+                 "  --into FILE         also stores the value\n",
+                 kTargetHelp, kCancelHelp});
+        case Command::Write:
+            return Joined({"Writes a value into the target system.\n", kTargetHelp, kCancelHelp});
         case Command::Merge:
             return "Adds the types and areas in DIRECTORY's definition file of the same name to "
                    "the\nproject's own file. What the project has already stays as it is.\n";
@@ -90,10 +140,12 @@ std::string ProgramUsage() {
         "Options for all commands:\n"
         "  --language de|en    language of the module (default: ZELKOR_LANGUAGE, else de)\n"
         "  --help\n\n"
-        "Messages of the module are not shown as boxes but printed on the standard error.\n"
+        "Messages of the module are not shown as boxes but printed on the standard error; edit\n"
+        "without a script does show them.\n"
         "Output to a file or pipe is UTF-8 with line feeds.\n\n"
         "Exit codes: 0 done; 1 the module refused or showed a message; 2 wrong command line,\n"
-        "value or file name; 3 the module, its libraries or the display are missing.\n";
+        "value or file name; 3 the module, its libraries or the display are missing;\n"
+        "4 cancelled by the user.\n";
     return text;
 }
 

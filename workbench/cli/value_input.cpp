@@ -1,5 +1,6 @@
 #include "cli/value_input.h"
 
+#include <algorithm>
 #include <charconv>
 #include <fstream>
 #include <iterator>
@@ -42,16 +43,41 @@ bool ReadHexWord(std::string_view word, std::vector<std::uint8_t>& bytes, std::s
 
 bool ReadValue(std::span<const std::string> words, std::vector<std::uint8_t>& bytes,
                std::string& error) {
+    const auto file = ValueFile(words);
+    return file ? ReadFileValue(*file, bytes, error) : ReadHexValue(words, bytes, error);
+}
+
+bool ReadHexValue(std::span<const std::string> words, std::vector<std::uint8_t>& bytes,
+                  std::string& error) {
     bytes.clear();
-    if (words.size() == 1 && words.front().starts_with('@')) {
-        return ReadFileValue(words.front().substr(1), bytes, error);
-    }
-    for (const std::string& word : words) {
-        if (!ReadHexWord(word, bytes, error)) {
-            return false;
-        }
+    return std::ranges::all_of(
+        words, [&](const std::string& word) { return ReadHexWord(word, bytes, error); });
+}
+
+std::optional<std::string> ValueFile(std::span<const std::string> words) {
+    const bool isFile = words.size() == 1 && words.front().starts_with('@');
+    return isFile ? std::optional(words.front().substr(1)) : std::nullopt;
+}
+
+bool WriteValueFile(const std::string& path, std::span<const std::uint8_t> bytes,
+                    std::string& error) {
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    const std::string content(bytes.begin(), bytes.end());
+    if (!file.write(content.data(), static_cast<std::streamsize>(content.size())).flush()) {
+        error = "The value file " + path + " cannot be written.";
+        return false;
     }
     return true;
+}
+
+std::string HexText(std::span<const std::uint8_t> bytes) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    std::string text;
+    for (const std::uint8_t byte : bytes) {
+        text += text.empty() ? "" : " ";
+        text += {kDigits[byte / 16U], kDigits[byte % 16U]};
+    }
+    return text;
 }
 
 }  // namespace workbench::cli

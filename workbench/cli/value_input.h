@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -12,5 +13,20 @@ namespace workbench::cli {
 /// read.
 [[nodiscard]] bool ReadValue(std::span<const std::string> words, std::vector<std::uint8_t>& bytes,
                              std::string& error);
+
+/// Reads words of hexadecimal bytes. False, with `error` saying what to do, at the first that is
+/// none.
+[[nodiscard]] bool ReadHexValue(std::span<const std::string> words,
+                                std::vector<std::uint8_t>& bytes, std::string& error);
+
+/// The name of the file that the words of a value name, nothing when they are bytes.
+[[nodiscard]] std::optional<std::string> ValueFile(std::span<const std::string> words);
+
+/// Makes or replaces a value file. False, with `error` set, when it cannot be written.
+[[nodiscard]] bool WriteValueFile(const std::string& path, std::span<const std::uint8_t> bytes,
+                                  std::string& error);
+
+/// Bytes of two upper-case digits, a blank between them.
+[[nodiscard]] std::string HexText(std::span<const std::uint8_t> bytes);
 
 }  // namespace workbench::cli

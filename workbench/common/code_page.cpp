@@ -18,17 +18,25 @@ std::string Narrow(std::wstring_view text, UINT codePage, DWORD flags, BOOL* los
     return result;
 }
 
-}  // namespace
-
-std::wstring WideFromAnsi(std::string_view text) {
+std::wstring Widen(std::string_view text, UINT codePage) {
     if (text.empty()) {
         return {};
     }
     const int length = static_cast<int>(text.size());
-    const int needed = MultiByteToWideChar(CP_ACP, 0, text.data(), length, nullptr, 0);
+    const int needed = MultiByteToWideChar(codePage, 0, text.data(), length, nullptr, 0);
     std::wstring result(static_cast<std::size_t>(needed), L'\0');
-    MultiByteToWideChar(CP_ACP, 0, text.data(), length, result.data(), needed);
+    MultiByteToWideChar(codePage, 0, text.data(), length, result.data(), needed);
     return result;
+}
+
+}  // namespace
+
+std::wstring WideFromAnsi(std::string_view text) {
+    return Widen(text, CP_ACP);
+}
+
+std::wstring WideFromUtf8(std::string_view text) {
+    return Widen(text, CP_UTF8);
 }
 
 // Best-fit characters would make different names equal, so they are not wanted.
