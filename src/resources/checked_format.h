@@ -46,7 +46,7 @@ class CheckedFormat {
                                    std::span<const FormatArgument> arguments) const;
     void AppendAny(std::string& out, std::span<const FormatArgument> arguments) const;
 
-    std::vector<Piece> pieces_;  ///< the last has no conversion
+    std::vector<Piece> pieces_;   ///< the last has no conversion
     std::size_t numberRoom_ = 0;  ///< what is written at most when all arguments are numbers
 };
 
