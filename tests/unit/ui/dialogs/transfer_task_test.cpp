@@ -15,13 +15,13 @@ std::uint32_t failAt = UINT32_MAX;
 TransferTask* cancelledBySetter = nullptr;
 
 std::int32_t ORVELL_CALL Put16(std::uint32_t first, std::uint32_t, std::uint16_t value) {
+    if (cancelledBySetter != nullptr) {
+        cancelledBySetter->Cancel();
+    }
     if (first == failAt) {
         return 0;
     }
     written.push_back(value);
-    if (cancelledBySetter != nullptr) {
-        cancelledBySetter->Cancel();
-    }
     return 1;
 }
 
@@ -73,7 +73,6 @@ TEST_F(TransferTaskTest, TellsWhenASetterFails) {
 }
 
 TEST_F(TransferTaskTest, ACancelledTransferHasNoError) {
-    failAt = 1;
     TransferTask task(definitions.converters, Word(), 4, value, host);
     cancelledBySetter = &task;
     task.Start();
@@ -81,6 +80,16 @@ TEST_F(TransferTaskTest, ACancelledTransferHasNoError) {
     EXPECT_TRUE(task.IsCancelled());
     EXPECT_FALSE(task.Error().has_value());
     EXPECT_EQ(written.size(), 1U);
+}
+
+TEST_F(TransferTaskTest, NorDoesOneThatFailsAfterItWasCancelled) {
+    failAt = 0;
+    TransferTask task(definitions.converters, Word(), 4, value, host);
+    cancelledBySetter = &task;
+    task.Start();
+    task.Run();
+    EXPECT_FALSE(task.Error().has_value());
+    EXPECT_TRUE(written.empty());
 }
 
 TEST_F(TransferTaskTest, AShortValueFailsWhereItEnds) {
