@@ -66,11 +66,11 @@ typedef struct MString {
 typedef struct ParameterRecord {
     uint32_t size;      /* 28 */
     int32_t identifier; /* of the memory area; compared as a bit pattern */
-    uint32_t count;     /* elements; below 2: a single value, no vector */
-    uint32_t length;    /* of the value in bytes; counts as 0 when bytes is null */
-    void* bytes;        /* the value as the target stores it (little-endian, packed) */
-    int32_t attribute;  /* not 0: texts of STRING values are bare; 0: in quotation marks */
-    uint8_t format;     /* low 4 bits: 0 default, 1 signed, 2 unsigned, 3 hexadecimal */
+    uint32_t count;    /* elements; below 2: a single value (slots 17 and 19: 0 is nothing to do) */
+    uint32_t length;   /* of the value in bytes; counts as 0 when bytes is null */
+    void* bytes;       /* the value as the target stores it (little-endian, packed) */
+    int32_t attribute; /* not 0: texts of STRING values are bare; 0: in quotation marks */
+    uint8_t format;    /* low 4 bits: 0 default, 1 signed, 2 unsigned, 3 hexadecimal */
     uint8_t reserved[3];
 } ParameterRecord;
 
@@ -305,6 +305,7 @@ int32_t ORVELL_CALL GetParaMGMTFunc(void* table);
  * A null or too short buffer, an unknown form or an unknown kind of parameter touches nothing. When
  * a value cannot be read in a form, the form's bytes are zeroed.
  */
+/* name: room for 16 bytes, comment: for 31, the NULs included; either may be null. */
 int32_t ORVELL_CALL STDSIL_GetSignalInfo(const char* address, char* name, char* comment);
 int32_t ORVELL_CALL STDSIL_SetBitParaValue(const char* address, const char* name,
                                            const char* comment, int32_t value);

@@ -32,11 +32,12 @@ ConfigOutcome OutcomeOf(const Operation& operation) noexcept {
 
 /// Runs `operation` unless the token has been acted on already. The token is remembered before the
 /// outcome is reported: a message box lets the host's own messages through, and with them the same
-/// request again.
+/// request again. While a value is on its way to or from the host's functions, a request is not
+/// acted on and does not use its token up: the types must stay.
 template <typename Operation, typename Report>
 void OncePerToken(std::uint32_t token, const Operation& operation, const Report& report) {
     Module& module = TheModule();
-    if (token == module.configCallStamp) {
+    if (token == module.configCallStamp || module.store.IsInUse()) {
         return;
     }
     const ConfigOutcome outcome = OutcomeOf(operation);

@@ -10,9 +10,6 @@ namespace orvell::host {
 
 namespace {
 
-constexpr int32_t kSuccess = 1;
-constexpr int32_t kFailure = 0;
-
 bool Gather(const GatheredValue& value, const ParameterDescriptionRecord& record) {
     Module& module = TheModule();
     return record.texts != nullptr

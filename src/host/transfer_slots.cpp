@@ -14,8 +14,6 @@ using memstruct::TypeDef;
 
 namespace {
 
-constexpr int32_t kSuccess = 1;
-constexpr int32_t kFailure = 0;
 constexpr int32_t kReadingFailed = -1;
 
 /// A transfer on the host's thread, which the host cancels through a word of its own.
@@ -95,35 +93,43 @@ int32_t FillValueInPlace(const ParameterRecord& record, const FillRecord& host) 
     return TransferOf(record, type).PutRaw(ValueBytes(record), host) ? kSuccess : kFailure;
 }
 
+/// As `Guarded` for a body that calls the host's functions, and through them anything.
+template <typename Body>
+int32_t GuardedTransfer(const Body& body) noexcept {
+    return Guarded(kFailure, [&] {
+        const memstruct::DefinitionsInUse inUse(TheModule().store);
+        return body();
+    });
+}
+
 }  // namespace
 
 namespace slots {
 
 int32_t ORVELL_CALL ConvertStdParameter(ParameterRecord* record,
                                         OnlineAccessRecord* online) noexcept {
-    return Guarded(kFailure,
-                   [&] { return ConvertParameter(ReadRecord(record), ReadRecord(online)); });
+    return GuardedTransfer(
+        [&] { return ConvertParameter(ReadRecord(record), ReadRecord(online)); });
 }
 
 int32_t ORVELL_CALL ReadStdParameterOnline(ParameterRecord* record, OnlineAccessRecord* online,
                                            volatile uint32_t* cancel) noexcept {
-    return Guarded(kFailure, [&] { return ReadOnline(record, ReadRecord(online), cancel); });
+    return GuardedTransfer([&] { return ReadOnline(record, ReadRecord(online), cancel); });
 }
 
 int32_t ORVELL_CALL WriteStdParameterOnline(ParameterRecord* record, OnlineAccessRecord* online,
                                             volatile uint32_t* cancel) noexcept {
-    return Guarded(kFailure,
-                   [&] { return WriteOnline(ReadRecord(record), ReadRecord(online), cancel); });
+    return GuardedTransfer(
+        [&] { return WriteOnline(ReadRecord(record), ReadRecord(online), cancel); });
 }
 
 int32_t ORVELL_CALL FillStdParameterValue(ParameterRecord* record, FillRecord* host) noexcept {
-    return Guarded(kFailure, [&] { return FillValue(record, ReadRecord(host)); });
+    return GuardedTransfer([&] { return FillValue(record, ReadRecord(host)); });
 }
 
 int32_t ORVELL_CALL FillStdParameterValueInPlace(ParameterRecord* record,
                                                  FillRecord* host) noexcept {
-    return Guarded(kFailure,
-                   [&] { return FillValueInPlace(ReadRecord(record), ReadRecord(host)); });
+    return GuardedTransfer([&] { return FillValueInPlace(ReadRecord(record), ReadRecord(host)); });
 }
 
 }  // namespace slots

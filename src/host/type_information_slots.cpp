@@ -15,9 +15,6 @@ using ElementInformation = OwnedRecord<ElementRecord>;
 
 namespace {
 
-constexpr int32_t kSuccess = 1;
-constexpr int32_t kFailure = 0;
-
 constexpr uint32_t kBasicType = 1;
 constexpr uint32_t kEnumerated = 2;
 constexpr uint32_t kStructured = 3;

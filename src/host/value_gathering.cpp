@@ -1,5 +1,6 @@
 #include "host/value_gathering.h"
 
+#include <algorithm>
 #include <optional>
 #include <unordered_map>
 #include <vector>
@@ -29,22 +30,49 @@ ValueWalk WalkOver(const GatheredValue& value) {
                : ValueWalk::OverValue(&value.type, value.bytes.size());
 }
 
-/// The texts of each path in list order.
-using TextsByPath = std::unordered_map<std::string_view, std::vector<std::string_view>>;
+/// The texts of one path in list order, and the leaves that have taken them. Names may repeat, and
+/// with them paths: a further leaf takes the next text.
+struct PathTexts {
+    std::vector<std::string_view> texts;
+    std::size_t leaves = 0;
+    const TypeDef* lastLeaf = nullptr;
+    ValueBuffer lastPlace;
+};
+
+using TextsByPath = std::unordered_map<std::string_view, PathTexts>;
 
 TextsByPath IndexTexts(const NameListNode* node) {
     TextsByPath texts;
     for (; node != nullptr; node = node->next) {
-        texts[TextOrEmpty(node->first)].push_back(TextOrEmpty(node->second));
+        texts[TextOrEmpty(node->first)].texts.push_back(TextOrEmpty(node->second));
     }
     return texts;
 }
 
-/// The parameter's number; none when it gives none.
+/// Leaves beyond the texts of their path take its last text.
+bool StoreNextText(const ValueWalk& walk, ValueBuffer bytes, PathTexts& path,
+                   const ValueConverterSet& converters) {
+    path.lastLeaf = &walk.LeafType();
+    path.lastPlace = walk.Rest(bytes);
+    const std::size_t index = std::min(path.leaves++, path.texts.size() - 1);
+    return converters.ImportText(path.lastLeaf->Description(), path.texts[index], path.lastPlace);
+}
+
+/// Texts beyond the leaves of their path go to its last leaf. False for a path without leaves.
+bool StoreFurtherTexts(const PathTexts& path, const ValueConverterSet& converters) {
+    for (std::size_t index = path.leaves; index < path.texts.size(); ++index) {
+        if (path.lastLeaf == nullptr || !converters.ImportText(path.lastLeaf->Description(),
+                                                               path.texts[index], path.lastPlace)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// The parameter's number; none when it gives none. What gives a dword gives a double too.
 std::optional<double> NumberOf(const ValueTypeHandler& handler, const ParameterValue& value) {
     double number = 0;
     std::uint64_t qword = 0;
-    std::uint32_t dword = 0;
     std::uint16_t word = 0;
     if (handler.GetDouble(value, number)) {
         return number;
@@ -52,11 +80,8 @@ std::optional<double> NumberOf(const ValueTypeHandler& handler, const ParameterV
     if (handler.GetQword(value, qword)) {
         return static_cast<double>(static_cast<std::int64_t>(qword));
     }
-    if (handler.GetDword(value, dword)) {
-        return static_cast<double>(std::int64_t{dword});
-    }
     if (handler.GetWord(value, word)) {
-        return word;
+        return static_cast<std::int16_t>(word);
     }
     return std::nullopt;
 }
@@ -113,24 +138,20 @@ void StoreParameter(const TypeDef& leaf, ValueBuffer place, const ValueTypeHandl
 
 bool GatherFromTexts(const GatheredValue& value, const NameListNode* texts,
                      const ValueConverterSet& converters) {
-    const TextsByPath textsByPath = IndexTexts(texts);
-    std::size_t pathsFound = 0;
+    TextsByPath textsByPath = IndexTexts(texts);
     ValueWalk walk = WalkOver(value);
     walk.TrackPaths("");
     while (walk.ToNextLeaf()) {
         const auto found = textsByPath.find(walk.Path());
-        if (found == textsByPath.end()) {
-            continue;
-        }
-        ++pathsFound;
-        for (const std::string_view text : found->second) {
-            if (!converters.ImportText(walk.LeafType().Description(), text,
-                                       walk.Rest(value.bytes))) {
-                return false;
-            }
+        if (found != textsByPath.end() &&
+            !StoreNextText(walk, value.bytes, found->second, converters)) {
+            return false;
         }
     }
-    return walk.IsComplete() && pathsFound == textsByPath.size();
+    return walk.IsComplete() &&
+           std::all_of(textsByPath.begin(), textsByPath.end(), [&](const auto& path) {
+               return StoreFurtherTexts(path.second, converters);
+           });
 }
 
 bool GatherFromList(const GatheredValue& value, std::string_view addressText,

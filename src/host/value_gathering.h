@@ -17,8 +17,9 @@ struct GatheredValue {
     values::ValueBuffer bytes;  ///< zeroed room for all of them
 };
 
-/// Stores every text of the name list into the leaf that its path names, in list order; leaves
-/// without a text stay zero. Paths and texts are those of the leaf list of a value. False when a
+/// Stores every text of the name list into the leaf that its path names; leaves without a text stay
+/// zero. Paths and texts are those of the leaf list of a value. Of leaves with one path each takes
+/// the path's next text, or its last one; further texts replace that of the last leaf. False when a
 /// path is unknown or a text spells no value of its leaf; some leaves may have been stored then.
 [[nodiscard]] bool GatherFromTexts(const GatheredValue& value, const NameListNode* texts,
                                    const values::ValueConverterSet& converters);

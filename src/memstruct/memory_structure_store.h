@@ -25,7 +25,8 @@ struct NamedText {
 ///
 /// Every load rebuilds the store; pointers to types and areas stay valid until the next load or
 /// clear. Names are compared byte for byte. Of definitions with one name or one ID the first stays.
-/// Used from the host's user-interface thread only.
+/// Used from the host's user-interface thread only; a transfer's worker reads types under
+/// `DefinitionsInUse`.
 class MemoryStructureStore {
   public:
     /// All three must outlive the store.
@@ -70,6 +71,9 @@ class MemoryStructureStore {
     [[nodiscard]] const std::deque<TypeDef>& Types() const { return types_; }
     [[nodiscard]] const std::vector<MemoryArea>& Areas() const { return areas_; }
 
+    /// True while types are in use across calls of the host's functions: no load and no clear then.
+    [[nodiscard]] bool IsInUse() const { return uses_ != 0; }
+
     [[nodiscard]] const std::string& GetCurrentPath() const { return currentPath_; }
     void SetCurrentPath(std::string path) { currentPath_ = std::move(path); }
     [[nodiscard]] const std::string& GetDefaultPath() const { return defaultPath_; }
@@ -105,6 +109,8 @@ class MemoryStructureStore {
                        std::vector<NamedText>& out) const;
 
   private:
+    friend class DefinitionsInUse;
+
     /// IDs stand in a file, often at regular distances; mixed, they do not share buckets.
     /// (The finalizer of MurmurHash3 by A. Appleby, public domain.)
     struct MixedHash {
@@ -126,6 +132,21 @@ class MemoryStructureStore {
     TypeIndex typesByName_;
     std::vector<MemoryArea> areas_;
     std::unordered_map<std::uint32_t, std::size_t, MixedHash> areaIndexById_;
+    mutable std::uint32_t uses_ = 0;
+};
+
+/// Marks the store as in use while it lives. Whatever the host's functions do when they are called
+/// in between, the types stay.
+class DefinitionsInUse {
+  public:
+    /// `store` must outlive this object.
+    explicit DefinitionsInUse(const MemoryStructureStore& store) : uses_(store.uses_) { ++uses_; }
+    ~DefinitionsInUse() { --uses_; }
+    DefinitionsInUse(const DefinitionsInUse&) = delete;
+    DefinitionsInUse& operator=(const DefinitionsInUse&) = delete;
+
+  private:
+    std::uint32_t& uses_;
 };
 
 }  // namespace orvell::memstruct

@@ -262,6 +262,7 @@ bool ParameterDialog::WriteSingleValue() {
     bool isWritten = false;
     {
         const WaitCursor waiting;
+        const memstruct::DefinitionsInUse inUse(services_.store);
         UnwatchedTransfer watch;
         isWritten = memstruct::OnlineTransfer(services_.converters, form_.Type(), 1)
                         .Write(form_.Value(), host_, watch)

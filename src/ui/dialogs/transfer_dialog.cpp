@@ -28,6 +28,7 @@ TransferDialog::TransferDialog(const EditorServices& services, values::ConstValu
           {static_cast<HINSTANCE>(services.instance), static_cast<HMODULE>(services.resources)},
           ORVELL_DIALOG_TRANSFER),
       services_(services),
+      inUse_(services.store),
       system_(system),
       type_(services.store.TypeOfArea(identifier)),
       task_(services.converters, type_, count, value, host) {}

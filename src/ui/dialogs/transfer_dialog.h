@@ -45,6 +45,7 @@ class TransferDialog final : public ModalDialog {
     void Fail(resources::StringId message);
 
     const EditorServices& services_;
+    memstruct::DefinitionsInUse inUse_;  // before the worker, which reads the type
     TransferSystem system_;
     const memstruct::TypeDef* type_;
     TransferTask task_;

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -240,6 +241,20 @@ TEST_F(ManagementSlotsTest, LoadingRunsOncePerToken) {
 }
 
 // ---- hand-over ---------------------------------------------------------------------------------
+
+TEST_F(ManagementSlotsTest, ATableReceivesWholeSlotsOnly) {
+    for (std::uint32_t size = 1; size < sizeof(ManagementTable); ++size) {
+        std::array<std::uint32_t, 24> table{};
+        table.fill(0xEEEEEEEE);
+        table[0] = size;
+        EXPECT_EQ(GetParaMGMTFunc(table.data()), 1) << size;
+        EXPECT_EQ(table[0], size);
+        const auto* byte = reinterpret_cast<const std::uint8_t*>(table.data());
+        for (std::uint32_t i = std::max(4U, size / 4 * 4); i < sizeof table; ++i) {
+            EXPECT_EQ(byte[i], i < size ? 0 : 0xEE) << size << ' ' << i;
+        }
+    }
+}
 
 TEST_F(ManagementSlotsTest, TheTableIsHandedOverAsFarAsItFits) {
     EXPECT_EQ(GetParaMGMTFunc(nullptr), 0);

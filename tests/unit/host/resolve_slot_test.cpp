@@ -80,6 +80,13 @@ TEST_F(ResolveSlotTest, StoresTextsByTheirPaths) {
     EXPECT_EQ(FromTexts(kText, 1, {{nullptr, "\"ab\""}}), "=\"ab\";");
 }
 
+TEST_F(ResolveSlotTest, GivesEachOfSeveralLeavesOfOnePathItsOwnText) {
+    EXPECT_EQ(FromTexts(kTwins, 1, {{"x", "1"}, {"x", "2"}}), "x=1;x=2;");
+    EXPECT_EQ(FromTexts(kTwins, 1, {{"x", "1"}}), "x=1;x=1;");
+    EXPECT_EQ(FromTexts(kTwins, 1, {{"x", "1"}, {"x", "2"}, {"x", "3"}}), "x=1;x=3;");
+    EXPECT_EQ(FromTexts(kTwins, 1, {{"x", "1"}, {"zzz", "9"}}), "refused");
+}
+
 TEST_F(ResolveSlotTest, RefusesUnknownPaths) {
     EXPECT_EQ(FromTexts(kPoint, 1, {{"x", "1"}, {"z", "1"}}), "refused");
     EXPECT_EQ(FromTexts(kPoint, 1, {{"[0].x", "1"}}), "refused");
@@ -116,6 +123,9 @@ TEST_F(ResolveSlotTest, TakesNumbersInTheFormOfTheLeaf) {
     Set("PF1", 2.75);
     Set("PF2", -2.75);
     EXPECT_EQ(FromList(kWord, 2, "PF1"), "[0]=2;[1]=-2;");
+    Set("PW7", -5);
+    EXPECT_EQ(FromList(kAll, 1, "PW4"), "n.x=0;n.y[0]=0;n.y[1]=0;f=-5;o=00:00:00;000;m=0;")
+        << "a word is signed";
     Set("PL6", -7);
     Set("PL7", -7);
     EXPECT_EQ(FromList(kWord, 1, "PL6"), "=-7;");
@@ -146,11 +156,14 @@ TEST_F(ResolveSlotTest, RefusesWhatCannotBeBuilt) {
     EXPECT_EQ(slots::ResolveStdParameter(nullptr), 0);
 }
 
-TEST_F(ResolveSlotTest, AShortRecordHasNoAddressAndAShorterOneNoPlaceForTheBytes) {
+TEST_F(ResolveSlotTest, AShortRecordNamesNeitherTextsNorAddress) {
+    Set("PW1", 5);
     ParameterDescriptionRecord record = Wanted(kWord, 1);
     record.address = "PW1";
-    record.size = 34;
-    EXPECT_EQ(slots::ResolveStdParameter(&record), 0);
+    for (record.size = 4; record.size < sizeof record; ++record.size) {
+        EXPECT_EQ(slots::ResolveStdParameter(&record), 0) << record.size;
+        EXPECT_EQ(record.bytes, nullptr);
+    }
 }
 
 }  // namespace

@@ -55,6 +55,7 @@ void Define(memstruct::MemoryStructureStore& store) {
     store.AddType(Structure("Loop", {Item("self", "Loop")}));
     store.AddType(Structure("All", {Item("n", "Point"), Item("lost", "Nothing"), Item("f", "FLOAT"),
                                     Item("o", "Ole"), Item("m", "Mode")}));
+    store.AddType(Structure("Twins", {Item("x", "Word"), Item("x", "Word")}));
     store.AddType(Structure("Empty", {}));
     store.AddArea(kWord, "Word");
     store.AddArea(kPoint, "Point");
@@ -65,6 +66,7 @@ void Define(memstruct::MemoryStructureStore& store) {
     store.AddArea(kAll, "All");
     store.AddArea(kEmpty, "Empty");
     store.AddArea(kTime, "TIME");
+    store.AddArea(kTwins, "Twins");
     store.ResolveReferences();
 }
 

@@ -23,6 +23,7 @@ constexpr std::int32_t kMode = 6;        ///< enumerators On (1) and Off (200) i
 constexpr std::int32_t kAll = 7;  ///< n: Point, lost: Nothing, f: FLOAT, o: OLE-DATE+TIME, m: Mode
 constexpr std::int32_t kEmpty = 8;  ///< a structure without elements
 constexpr std::int32_t kTime = 9;
+constexpr std::int32_t kTwins = 10;  ///< x: Word, x: Word
 constexpr std::int32_t kUnknown = 99;
 
 /// A module of its own for each test, with the areas above.

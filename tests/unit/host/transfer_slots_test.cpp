@@ -99,6 +99,42 @@ TEST_F(TransferSlotsTest, ReadingStopsWhenTheHostCancels) {
     slots::FreeStdParameter(&record);
 }
 
+TEST_F(TransferSlotsTest, TheHostMayCancelInTheMiddle) {
+    volatile std::uint32_t cancel = 0;
+    host.onCall = [&] { cancel = host.calls.size() == 2 ? 0x80000000 : 0; };
+    ParameterRecord record = Record(kPoint, bytes, 12, 2);
+    EXPECT_EQ(slots::ReadStdParameterOnline(&record, &online, &cancel), -1);
+    EXPECT_EQ(host.calls.size(), 2U);
+    EXPECT_EQ(record.bytes, static_cast<void*>(bytes));
+    host.calls.clear();
+    cancel = 0;
+    EXPECT_EQ(slots::WriteStdParameterOnline(&record, &online, &cancel), 0);
+    EXPECT_EQ(host.calls.size(), 2U);
+}
+
+/// The definitions are walked while the host's functions run.
+TEST_F(TransferSlotsTest, DefinitionsStayWhileTheHostIsCalled) {
+    host.onCall = [] {
+        slots::CloseStdMemConfig(1);
+        slots::LoadStdMemConfig(nullptr, 2);
+        slots::MergeStdMemConfig(nullptr, "C:\\SOURCE", 3);
+    };
+    ParameterRecord record = Record(kPoint, bytes, 12, 2);
+    EXPECT_EQ(slots::WriteStdParameterOnline(&record, &online, nullptr), 1);
+    EXPECT_EQ(slots::ConvertStdParameter(&record, &online), 1);
+    EXPECT_EQ(slots::FillStdParameterValueInPlace(&record, &fill), 1);
+    EXPECT_EQ(slots::FillStdParameterValue(&record, &fill), 1);
+    slots::FreeStdParameter(&record);
+    record = Record(kPoint, bytes, 12, 2);
+    EXPECT_EQ(slots::ReadStdParameterOnline(&record, &online, nullptr), 1);
+    slots::FreeStdParameter(&record);
+    EXPECT_TRUE(messages.shown.empty());
+
+    host.onCall = nullptr;
+    slots::CloseStdMemConfig(1);
+    EXPECT_EQ(slots::GetStdStructSize(kPoint), 0U) << "the refused token was not used up";
+}
+
 TEST_F(TransferSlotsTest, AnImpossibleSizeIsRefused) {
     ParameterRecord record = Record(kPoint, bytes, 12, 0xFFFFFFFF);
     EXPECT_EQ(slots::ReadStdParameterOnline(&record, &online, nullptr), 0);

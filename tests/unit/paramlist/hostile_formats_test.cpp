@@ -25,7 +25,7 @@ class HostileFormatsTest : public test::ListFixture {
         Add("PW12", "n%s", "c%n", "-5");
     }
 
-    /// The list file with these texts, without what stands before the last of `marks`.
+    /// The list file written with this text.
     std::string ListFileWith(StringId id, const std::string& text) {
         test::MemorySink sink;
         source.Change(id, text);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -52,6 +53,7 @@ class RecordingHost {
 
     std::vector<Call> calls;
     std::int32_t answer = 1;
+    std::function<void()> onCall;      ///< what the host does besides, behind each call
     std::vector<std::uint8_t> supply;  ///< bytes that getters and the raw put hand out
 
     /// What the getters found in the place to be filled: it must have been zeroed.
@@ -125,6 +127,9 @@ class RecordingHost {
     static std::int32_t Note(const std::string& function, std::uint32_t first, std::uint32_t second,
                              std::vector<std::uint8_t> bytes) {
         current_->calls.push_back({function, first, second, std::move(bytes), 0, nullptr});
+        if (current_->onCall) {
+            current_->onCall();
+        }
         return current_->answer;
     }
 
