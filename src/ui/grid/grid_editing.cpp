@@ -139,16 +139,15 @@ void CGridCtrl::Copy() const {
 void CGridCtrl::Paste() {
     const Use use(*this);
     const std::string text = TextOnClipboard(window_);
-    const int column = selection_.Current().column;
-    int row = selection_.FirstRow();
+    GridPosition cell = selection_.Current();
     ClipboardLines lines(text);
-    while (window_ != nullptr && row >= 0 && row < model_.GetRowCount()) {
+    while (window_ != nullptr && !cell.IsNone() && cell.row < model_.GetRowCount()) {
         const auto line = lines.Next();
         if (!line.has_value()) {
             return;
         }
-        EnterText({row, column}, *line);
-        ++row;
+        EnterText(cell, *line);
+        ++cell.row;
     }
 }
 

@@ -57,14 +57,19 @@ TEST(GridClipboard, PastingStopsAtTheLastRow) {
     EXPECT_EQ(dialog.edits.size(), 2U);
 }
 
-TEST(GridClipboard, PastingBeginsAtTheTopOfARange) {
+TEST(GridClipboard, PastingBeginsAtTheCurrentCellOfARange) {
     GridDialog dialog;
     SetClipboard(dialog, "a\nb\n");
     dialog.Press(VK_DOWN);
     dialog.Press(VK_DOWN, {VK_SHIFT});
     dialog.Press('V', {VK_CONTROL});
-    EXPECT_EQ(dialog.Text(2), "a");
-    EXPECT_EQ(dialog.Text(3), "b");
+    EXPECT_EQ(dialog.Text(2), "value 2");
+    EXPECT_EQ(dialog.Text(3), "a");
+    EXPECT_EQ(dialog.Text(4), "b") << "the range's end is no limit";
+    dialog.Press(VK_UP);
+    dialog.Press(VK_UP, {VK_SHIFT});
+    dialog.Press('V', {VK_CONTROL});
+    EXPECT_EQ(dialog.Text(1), "a") << "the end that moves is the current cell";
 }
 
 TEST(GridClipboard, LinesPassOverCellsThatDoNotTakeThem) {
