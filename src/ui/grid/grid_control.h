@@ -57,10 +57,11 @@ class CGridCtrl {
     /// In pixels; all rows have the same.
     [[nodiscard]] int GetRowHeight(int row) const;
 
-    /// Draws everything anew, after any change of the model.
+    /// Draws everything anew, after any change of the model, and tells assistive technology what
+    /// has become of the rows, the current cell and its text.
     void Refresh();
 
-    /// Adapts scroll bars and the current cell to the model's rows and columns and draws anew.
+    /// Refreshes and adapts the scroll bars to the model's rows and columns.
     void AdjustSizes();
 
     /// The name by which assistive technology calls the grid.
@@ -174,6 +175,10 @@ class CGridCtrl {
     void MoveCurrent(GridMovement movement, bool extend);
     template <typename Change>
     void ChangeSelection(const Change& change);
+    void TellModelChange(GridPosition currentBefore);
+    void TellCurrentCell();
+    void TellNewText();
+    [[nodiscard]] const std::string& CurrentText() const;
     void Tell(DWORD event, GridPosition position) const;
     LRESULT OnGetObject(WPARAM wParam, LPARAM lParam);
 
@@ -186,7 +191,8 @@ class CGridCtrl {
     GridMetrics metrics_ = {};
     GridColours colours_ = {};
     int dpi_;
-    int announcedRows_ = 0;
+    int toldRows_ = 0;
+    std::string toldText_;  ///< of the current cell, as assistive technology knows it
     bool isAdjustingBars_ = false;
 
     std::unique_ptr<GridEditor> editor_;

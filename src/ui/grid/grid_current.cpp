@@ -1,5 +1,7 @@
 #include <oleacc.h>
 
+#include <utility>
+
 #include "ui/grid/grid_accessible.h"
 #include "ui/grid/grid_control.h"
 
@@ -41,13 +43,43 @@ void CGridCtrl::ChangeSelection(const Change& change) {
     }
     InvalidateSelection(before);
     InvalidateSelection(selection_);
-    if (current == before.Current()) {
-        return;
+    if (current != before.Current()) {
+        TellCurrentCell();
     }
+}
+
+/// One event stands for all rows that came or went: their number is not limited. Nor are the texts
+/// of other cells than the current one told, which nobody is reading.
+void CGridCtrl::TellModelChange(GridPosition currentBefore) {
+    if (std::exchange(toldRows_, model_.GetRowCount()) != model_.GetRowCount()) {
+        Tell(EVENT_OBJECT_REORDER, {});
+    }
+    if (selection_.Current() == currentBefore) {
+        TellNewText();
+    } else {
+        TellCurrentCell();
+    }
+}
+
+void CGridCtrl::TellCurrentCell() {
+    const GridPosition current = selection_.Current();
+    toldText_ = CurrentText();
     if (GetFocus() == window_) {
         Tell(EVENT_OBJECT_FOCUS, current);
     }
-    Tell(EVENT_OBJECT_SELECTION, current);
+    Tell(current.IsNone() ? EVENT_OBJECT_SELECTIONWITHIN : EVENT_OBJECT_SELECTION, current);
+}
+
+/// Tells of the current cell's text if it is no longer the one that was told.
+void CGridCtrl::TellNewText() {
+    if (toldText_ != CurrentText()) {
+        toldText_ = CurrentText();
+        Tell(EVENT_OBJECT_VALUECHANGE, selection_.Current());
+    }
+}
+
+const std::string& CGridCtrl::CurrentText() const {
+    return model_.GetItemText(selection_.Current().row, selection_.Current().column);
 }
 
 void CGridCtrl::Tell(DWORD event, GridPosition position) const {

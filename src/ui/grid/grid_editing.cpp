@@ -102,7 +102,9 @@ bool CGridCtrl::CommitText(GridPosition position, std::string_view text) {
         model_.SetItemText(position.row, position.column, before);
     }
     Invalidate(position);
-    if (model_.GetItemText(position.row, position.column) != before) {
+    if (position == selection_.Current()) {
+        TellNewText();
+    } else if (model_.GetItemText(position.row, position.column) != before) {
         Tell(EVENT_OBJECT_VALUECHANGE, position);
     }
     return isAccepted;

@@ -83,16 +83,15 @@ void CGridCtrl::Refresh() {
         EndEdit(false);
     }
     layout_.SetShape(model_);
+    const GridPosition currentBefore = selection_.Current();
     selection_.KeepWithin(ValueCells());
     Invalidate();
+    TellModelChange(currentBefore);
 }
 
 void CGridCtrl::AdjustSizes() {
     Refresh();
     UpdateScrollBars();
-    if (std::exchange(announcedRows_, model_.GetRowCount()) != model_.GetRowCount()) {
-        Tell(EVENT_OBJECT_REORDER, {});
-    }
 }
 
 void CGridCtrl::SetDpi(int dpi) {

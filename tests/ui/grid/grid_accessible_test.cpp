@@ -625,5 +625,79 @@ TEST(GridEvents, OtherRowsTellANewOrder) {
     EXPECT_TRUE(events.Take(EVENT_OBJECT_REORDER).empty());
 }
 
+TEST(GridEvents, OtherTextsTellTheValueOfTheCurrentCell) {
+    GridDialog dialog;
+    EventWatcher events(dialog);
+    dialog.Press(VK_DOWN);
+    events.Forget();
+    for (int row = 1; row <= 20; ++row) {
+        dialog.Model().SetItemText(row, 1, "refilled");
+    }
+    dialog.Grid().AdjustSizes();
+    dialog.Grid().Refresh();
+    EXPECT_EQ(events.Take(EVENT_OBJECT_VALUECHANGE), Numbers{Child(2, 1)});
+    EXPECT_TRUE(events.Take(EVENT_OBJECT_FOCUS).empty()) << "the cell stays the same";
+    EXPECT_TRUE(events.Take(EVENT_OBJECT_SELECTION).empty());
+    events.Forget();
+    dialog.Model().SetItemText(1, 1, "of another cell");
+    dialog.Grid().Refresh();
+    dialog.Press(VK_UP);
+    dialog.Grid().Refresh();
+    EXPECT_TRUE(events.Take(EVENT_OBJECT_VALUECHANGE).empty()) << "read when it became current";
+}
+
+TEST(GridEvents, AParentThatRefreshesTellsTheValueOnce) {
+    GridDialog dialog;
+    dialog.onEdit = [&](const GridNotification& edit) {
+        dialog.Model().SetItemText(edit.row, edit.column, "1 h");
+        dialog.Grid().Refresh();
+    };
+    EventWatcher events(dialog);
+    dialog.Type("1h");
+    events.Forget();
+    dialog.Press(VK_RETURN);
+    EXPECT_EQ(events.Take(EVENT_OBJECT_VALUECHANGE), Numbers{Child(1, 1)});
+}
+
+TEST(GridEvents, ValuesSetElsewhereAreTold) {
+    GridDialog dialog;
+    const Reader reader(dialog.GridWindow());
+    EventWatcher events(dialog);
+    events.Forget();
+    EXPECT_EQ(reader.PutValue(Child(4, 1), L"set"), S_OK);
+    EXPECT_EQ(events.Take(EVENT_OBJECT_VALUECHANGE), Numbers{Child(4, 1)});
+}
+
+TEST(GridEvents, RowsThatGoTellTheNewCurrentCell) {
+    GridDialog dialog;
+    dialog.Press(VK_END, {VK_CONTROL});
+    EventWatcher events(dialog);
+    events.Forget();
+    dialog.Model().SetRowCount(11);
+    dialog.Grid().AdjustSizes();
+    EXPECT_EQ(events.Take(EVENT_OBJECT_REORDER), Numbers{kGrid}) << "not one a row";
+    EXPECT_EQ(events.Take(EVENT_OBJECT_FOCUS), Numbers{Child(10, 1)});
+    EXPECT_EQ(events.Take(EVENT_OBJECT_SELECTION), Numbers{Child(10, 1)});
+    EXPECT_TRUE(events.Take(EVENT_OBJECT_VALUECHANGE).empty());
+    SetFocus(GetDlgItem(dialog.Window(), IDOK));
+    events.Forget();
+    dialog.Model().SetRowCount(3);
+    dialog.Grid().Refresh();
+    EXPECT_EQ(events.Take(EVENT_OBJECT_REORDER), Numbers{kGrid});
+    EXPECT_EQ(events.Take(EVENT_OBJECT_SELECTION), Numbers{Child(2, 1)});
+    EXPECT_TRUE(events.Take(EVENT_OBJECT_FOCUS).empty()) << "the focus is elsewhere";
+}
+
+TEST(GridEvents, AnEmptyGridHasTheFocusItself) {
+    GridDialog dialog(2);
+    EventWatcher events(dialog);
+    events.Forget();
+    dialog.Model().SetRowCount(1);
+    dialog.Grid().AdjustSizes();
+    EXPECT_EQ(events.Take(EVENT_OBJECT_FOCUS), Numbers{kGrid});
+    EXPECT_EQ(events.Take(EVENT_OBJECT_SELECTIONWITHIN), Numbers{kGrid});
+    EXPECT_TRUE(events.Take(EVENT_OBJECT_SELECTION).empty()) << "nothing is selected";
+}
+
 }  // namespace
 }  // namespace orvell::ui
