@@ -58,6 +58,9 @@ std::int32_t OnlineTarget::OnPut(const Put& put) {
         SetEvent(held_);
         EXPECT_EQ(WaitForSingleObject(release_, kPatience), WAIT_OBJECT_0);
     }
+    if (meanwhile) {
+        meanwhile();
+    }
     if (put.first == failAt_) {
         return 0;
     }

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include "orvell/orvell.h"
@@ -39,6 +40,9 @@ class OnlineTarget {
     /// The setter does not return at this element before `Release`.
     void HoldAt(std::uint32_t element);
     void Release() { SetEvent(release_); }
+
+    /// What the setter does before it answers, on the thread that has called it.
+    std::function<void()> meanwhile;
 
     /// Waits until the setter is held.
     void WaitUntilHeld() const;

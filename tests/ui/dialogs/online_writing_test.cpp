@@ -219,5 +219,19 @@ TEST_F(OnlineWritingTest, AnOwnerThatGoesTakesBothDialogsWithIt) {
     ExpectVectorUnchanged();
 }
 
+TEST_F(OnlineWritingTest, AnOwnerThatGoesInTheSetterLeavesTheRecordUnchanged) {
+    const HWND owner = CreateWindowW(L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 10, 10, nullptr,
+                                     nullptr, nullptr, nullptr);
+    single.record.owner = owner;
+    target.meanwhile = [owner] { DestroyWindow(owner); };
+    EXPECT_FALSE(EditWith(single, [&](const DialogUser& user) {
+        const HWND dialog = ParameterDialogOf(user);
+        Enter(user, dialog, 1, "6");
+        user.Press(dialog, IDOK);
+    }));
+    EXPECT_EQ(target.Values(), (std::vector<std::uint16_t>{6}));
+    EXPECT_EQ(single.Value(), (Bytes{5, 0}));
+}
+
 }  // namespace
 }  // namespace orvell::ui

@@ -196,6 +196,22 @@ TEST_F(ParameterDialogTest, TypingALengthLosesNoElementOnTheWay) {
     EXPECT_EQ(owned.Value().at(4), 3);
 }
 
+TEST_F(ParameterDialogTest, LeavingTheLengthForgetsWhatItDropped) {
+    OwnedDialogRecord owned(kInt, {1, 0, 2, 0, 3, 0}, 3);
+    owned.record.mode = 1;
+    EditWith(owned, [&](const DialogUser& user) {
+        const HWND dialog = ParameterDialogOf(user);
+        const HWND edit = GetDlgItem(dialog, ORVELL_VECTOR_LENGTH_EDIT);
+        SendMessageW(edit, EM_SETSEL, 0, -1);
+        user.Type(edit, "2");
+        user.OnThread([&] { SetFocus(GetDlgItem(dialog, IDOK)); });
+        SendMessageW(edit, EM_SETSEL, 0, -1);
+        user.Type(edit, "3");
+        EXPECT_EQ(GridRows(user, dialog), (Rows{"Element[0]=1", "Element[1]=2", "Element[2]=0"}));
+        user.Press(dialog, IDCANCEL);
+    });
+}
+
 TEST_F(ParameterDialogTest, LettersAreNoLength) {
     OwnedDialogRecord owned(kInt, {1, 0, 2, 0, 3, 0}, 3);
     owned.record.mode = 1;
