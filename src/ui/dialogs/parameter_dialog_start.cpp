@@ -11,6 +11,8 @@
 
 namespace orvell::ui {
 
+using resources::StringId;
+
 namespace {
 
 constexpr WPARAM kDigits = 3;
@@ -91,6 +93,8 @@ void ParameterDialog::SetUpVector() {
 }
 
 void ParameterDialog::SetUpGrid() {
+    Grid().SetActionNames({services_.strings.Text(StringId::EditAction),
+                           services_.strings.Text(StringId::ToggleAction)});
     form_.SetUpGrid(Grid().Model());
     FitColumns();
 }

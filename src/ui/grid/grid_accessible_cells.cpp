@@ -84,7 +84,9 @@ HRESULT GridAccessible::get_accDefaultAction(VARIANT child, BSTR* action) {
             return std::nullopt;
         }
         const bool isCheck = RoleOf(element) == ROLE_SYSTEM_CHECKBUTTON;
-        return isCheck ? grid_->ActionNames().toggle : grid_->ActionNames().edit;
+        const GridActionNames& names = grid_->ActionNames();
+        const std::string& name = isCheck ? names.toggle : names.edit;
+        return name.empty() ? std::nullopt : std::optional(name);
     });
 }
 

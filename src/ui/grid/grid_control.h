@@ -17,10 +17,10 @@ namespace orvell::ui {
 
 class GridAccessible;
 
-/// What assistive technology calls the action that a cell offers.
+/// What assistive technology calls the action that a cell offers; an empty name is not told.
 struct GridActionNames {
-    std::string edit = "Bearbeiten";
-    std::string toggle = "Umschalten";
+    std::string edit;
+    std::string toggle;
 };
 
 /// Sent to the parent with WM_NOTIFY when the user has changed a cell. The cell has its new text

@@ -60,6 +60,12 @@ class DialogAccessibilityTest : public DialogTest {
         EXPECT_EQ(grid.get_accValue(Self(child), &value), S_OK);
         return Taken(value);
     }
+
+    static std::string ActionOf(IAccessible& grid, LONG child) {
+        BSTR action = nullptr;
+        EXPECT_EQ(grid.get_accDefaultAction(Self(child), &action), S_OK);
+        return Taken(action);
+    }
 };
 
 TEST_F(DialogAccessibilityTest, TheTreeTellsAreaElementsAndValues) {
@@ -76,6 +82,23 @@ TEST_F(DialogAccessibilityTest, TheTreeTellsAreaElementsAndValues) {
             EXPECT_EQ(NameOf(grid, ChildOf(1, 1)), "Element.a");
             EXPECT_EQ(ValueOf(grid, ChildOf(1, 1)), "5");
             EXPECT_EQ(ValueOf(grid, ChildOf(2, 1)), "On");
+        });
+        user.Press(dialog, IDCANCEL);
+    });
+}
+
+TEST_F(DialogAccessibilityTest, ActionsAreNamedInTheLanguageOfTheTexts) {
+    const resources::BuiltInStrings english("en");
+    definitions.strings.UseSource(english);
+    OwnedDialogRecord owned(kTimes, Bytes(4));
+    EditWith(owned, [&](const DialogUser& user) {
+        const HWND dialog = ParameterDialogOf(user);
+        WithGrid(user, dialog, [&](IAccessible& grid) {
+            EXPECT_EQ(ActionOf(grid, ChildOf(1, 1)), "Edit");
+            CGridCtrl& control = GridOf(dialog);
+            control.Model().SetCellType(1, 1, GridCellKind::Check);
+            control.Refresh();
+            EXPECT_EQ(ActionOf(grid, ChildOf(1, 1)), "Toggle");
         });
         user.Press(dialog, IDCANCEL);
     });

@@ -357,10 +357,11 @@ TEST(GridAccessibleTest, ASelectedRangeIsListed) {
 
 TEST(GridAccessibleTest, TheDefaultActionEdits) {
     GridDialog dialog;
-    dialog.Grid().SetActionNames({"edit", "toggle"});
     dialog.MakeCombo(2, {"Off", "On"});
     dialog.Model().SetCellType(3, 1, GridCellKind::Check);
     const Reader reader(dialog.GridWindow());
+    EXPECT_EQ(reader.Action(Child(1, 1)), "(none)") << "without a name";
+    dialog.Grid().SetActionNames({"edit", "toggle"});
     EXPECT_EQ(reader.Action(Child(1, 1)), "edit");
     EXPECT_EQ(reader.Action(Child(3, 1)), "toggle");
     EXPECT_EQ(reader.Action(Child(1, 0)), "(none)");
