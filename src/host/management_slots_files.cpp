@@ -101,8 +101,9 @@ void ImportFile(const ConfigurationRecord* hostRecord, const char* path, Import 
     });
 }
 
-bool ExportFile(const ConfigurationRecord& record, const std::string& path) {
-    const bool isDone = Guarded<bool>(false, [&] { return TheModule().projectList.Export(path); });
+bool ExportFile(const ConfigurationRecord& record, const char* path) {
+    const bool isDone = Guarded<bool>(
+        false, [&] { return TheModule().projectList.Export(std::string(TextOrEmpty(path))); });
     if (!isDone) {
         ShowError(record, Text(StringId::ListSaveFailed));
     }
@@ -139,16 +140,13 @@ void ORVELL_CALL ImportNewList(ConfigurationRecord* hostRecord, const char* path
 }
 
 void ORVELL_CALL ExportList(ConfigurationRecord* hostRecord, const char* path) noexcept {
-    OncePerToken(hostRecord, [&](const ConfigurationRecord& record) {
-        ExportFile(record, std::string(TextOrEmpty(path)));
-    });
+    OncePerToken(hostRecord, [&](const ConfigurationRecord& record) { ExportFile(record, path); });
 }
 
 void ORVELL_CALL ExportAndOpenList(ConfigurationRecord* hostRecord, const char* path) noexcept {
     OncePerToken(hostRecord, [&](const ConfigurationRecord& record) {
-        const std::string file(TextOrEmpty(path));
-        if (ExportFile(record, file)) {
-            OfferToOpen(record, file);
+        if (ExportFile(record, path)) {
+            OfferToOpen(record, std::string(TextOrEmpty(path)));
         }
     });
 }

@@ -18,11 +18,16 @@ bool OpenOrCreate(XmlDocument& document, const std::string& path) {
 }  // namespace
 
 ConfigOutcome ConfigFiles::Load(std::string_view projectPath) {
-    const std::string projectFile = ProjectStructFile(projectPath);
-    if (projectFile.empty()) {
-        return ConfigOutcome::PathUnknown;
+    try {
+        const std::string projectFile = ProjectStructFile(projectPath);
+        if (projectFile.empty()) {
+            return ConfigOutcome::PathUnknown;
+        }
+        return store_.LoadStructFile(projectFile) ? ConfigOutcome::Done : ConfigOutcome::Failed;
+    } catch (...) {
+        Close();  // the definitions of the project before must not pass for this one's
+        throw;
     }
-    return store_.LoadStructFile(projectFile) ? ConfigOutcome::Done : ConfigOutcome::Failed;
 }
 
 ConfigOutcome ConfigFiles::Save(std::string_view projectPath) {

@@ -22,12 +22,28 @@ std::optional<std::string> ReadFile(const std::string& path) {
     return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
+void Tell(bool isEntry) {
+    if (FakeXmlLibrary::onEntryAndReturn != nullptr) {
+        FakeXmlLibrary::onEntryAndReturn(isEntry);
+    }
+}
+
+/// Tells of an entry and, at its end, of the return.
+class Visit {
+  public:
+    Visit() { Tell(true); }
+    ~Visit() { Tell(false); }
+    Visit(const Visit&) = delete;
+    Visit& operator=(const Visit&) = delete;
+};
+
 }  // namespace
 
 /// The plain function that forwards to a method of the current object.
 template <typename Result, typename... Parameters, Result (FakeXmlLibrary::*method)(Parameters...)>
 struct FakeXmlLibrary::Export<method> {
     static Result ORVELL_CALL Call(Parameters... arguments) {
+        const Visit visit;
         return (current->*method)(arguments...);
     }
     static void* Address() { return test::Address(&Call); }

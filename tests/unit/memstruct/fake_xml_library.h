@@ -39,6 +39,9 @@ class FakeXmlLibrary {
     /// Whether all calls after it fail as well.
     bool staysBroken = false;
 
+    /// Told of each entry into the library and each return from it; null: nobody is.
+    static inline void (*onEntryAndReturn)(bool isEntry) = nullptr;
+
     /// Calls so far, without those that give something back.
     std::uint64_t calls = 0;
 

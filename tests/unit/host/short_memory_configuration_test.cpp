@@ -1,0 +1,160 @@
+// Memory runs out at every single allocation of the configuration slots: no definitions rather than
+// some, and whole files.
+
+#include "slots_fixture.h"
+#include "support/short_memory.h"
+#include "unit/memstruct/fake_xml_library.h"
+#include "unit/memstruct/temporary_folder.h"
+
+namespace orvell::host {
+namespace {
+
+using test::FileText;
+using test::NeedsNoMemory;
+using test::RunWithEveryShortage;
+using test::Shortage;
+
+constexpr const char* kDefinitions = R"(<Definitions>
+    <TypeList><Type Name="S" BaseType="Structured"><Item Name="a" Type="E" Dimension="2"/></Type>
+    <Type Name="E" BaseType="Enumerated" Size="1"><Item Value="1" Name="one"/></Type></TypeList>
+    <MemoryList><Memory ID="1" Type="S"/></MemoryList></Definitions>)";
+
+constexpr const char* kDelivered = R"(<Definitions>
+    <TypeList><Type Name="T" BaseType="INT" Size="4"/></TypeList>
+    <MemoryList><Memory ID="2" Type="T"/></MemoryList></Definitions>)";
+
+constexpr const char* kProject = "a_project_with_a_long_name.prj";
+constexpr const char* kProjectFile = "A_PROJECT_WITH_A_LONG_NAME.STDMEMXML";
+
+class ShortMemoryConfigurationTest : public SlotsTest {
+  protected:
+    ShortMemoryConfigurationTest() {
+        loader.libraries["XML.DLL"] = test::FakeXmlLibrary::Functions();
+        EXPECT_TRUE(TheModule().xml.Bind(loader, "XML.DLL"));
+        test::FakeXmlLibrary::onEntryAndReturn = test::SuspendShortage;
+        std::filesystem::create_directory("OUT");
+        test::WriteFile(kProjectFile, kDefinitions);
+    }
+
+    ~ShortMemoryConfigurationTest() override {
+        EXPECT_EQ(library.Complaints(), "");
+        TheModule().xml.Unbind();
+        test::FakeXmlLibrary::onEntryAndReturn = nullptr;
+    }
+
+    void Load() {
+        messages.shown.clear();
+        slots::LoadStdMemConfig(&record, ++token);
+    }
+
+    static std::uint32_t Size(std::int32_t area) { return slots::GetStdStructSize(area); }
+
+    /// Text of a value of the project's area; empty when it is not defined.
+    static std::string Text() {
+        std::uint8_t value[] = {1, 1};
+        ParameterRecord parameter = Record(1, value, sizeof value);
+        char* text = slots::GetStdParameterText(&parameter);
+        std::string copy = text == nullptr ? "" : text;
+        slots::FreeStdMemory(text);
+        return copy;
+    }
+
+    /// Memory that comes back in time is enough for the message.
+    void ExpectMessage(Shortage shortage) const {
+        if (shortage == Shortage::Passing) {
+            EXPECT_EQ(messages.shown.size(), 1U);
+        }
+    }
+
+    test::TemporaryFolder folder;
+    test::FakeXmlLibrary library;
+    ConfigurationRecord record{sizeof record, nullptr, kProject};
+    std::uint32_t token = 0;
+};
+
+TEST_F(ShortMemoryConfigurationTest, ALoadThatFailsLeavesNoDefinitions) {
+    Load();
+    ASSERT_EQ(Text(), "one; one");
+    const std::size_t shortages =
+        RunWithEveryShortage([&] { Load(); },
+                             [&](Shortage shortage) {
+                                 EXPECT_EQ(TheModule().configCallStamp, token);
+                                 EXPECT_EQ(library.Complaints(), "");
+                                 if (Text() == "one; one") {
+                                     EXPECT_TRUE(messages.shown.empty()) << "it could do without";
+                                     return;
+                                 }
+                                 EXPECT_TRUE(TheModule().store.Types().empty());
+                                 EXPECT_TRUE(TheModule().store.Areas().empty());
+                                 EXPECT_EQ(TheModule().store.GetCurrentPath(), "");
+                                 ExpectMessage(shortage);
+                             });
+    EXPECT_GT(shortages, 10U);
+    EXPECT_EQ(Size(1), 2U);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(ShortMemoryConfigurationTest, AMergeThatFailsLeavesAWholeFile) {
+    test::WriteFile("OUT\\" + std::string(kProjectFile), kDelivered);
+    const auto merge = [&] { slots::MergeStdMemConfig(&record, "OUT", ++token); };
+    merge();
+    const std::string merged = FileText(kProjectFile);
+    ASSERT_EQ(Size(2), 4U);
+    const auto startAgain = [&] { test::WriteFile(kProjectFile, kDefinitions); };
+    startAgain();
+    const std::size_t shortages = RunWithEveryShortage(merge, [&](Shortage) {
+        const std::string file = FileText(kProjectFile);
+        EXPECT_TRUE(file == kDefinitions || file == merged) << file;
+        EXPECT_TRUE(TheModule().store.Types().empty() || Text() == "one; one");
+        EXPECT_EQ(library.Complaints(), "");
+        startAgain();
+    });
+    EXPECT_GT(shortages, 10U);
+    EXPECT_EQ(Size(2), 4U);
+    EXPECT_TRUE(messages.shown.empty()) << "a merge is silent";
+}
+
+TEST_F(ShortMemoryConfigurationTest, AFailedExportIsReportedAndKeepsTheSource) {
+    const auto exportThem = [&] {
+        messages.shown.clear();
+        slots::ExportStdMemConfig(&record, "OUT", ++token);
+    };
+    EXPECT_GT(RunWithEveryShortage(exportThem,
+                                   [&](Shortage shortage) {
+                                       EXPECT_EQ(FileText(kProjectFile), kDefinitions);
+                                       ExpectMessage(shortage);
+                                   }),
+              0U);
+    EXPECT_EQ(FileText("OUT\\" + std::string(kProjectFile)), kDefinitions);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(ShortMemoryConfigurationTest, AFailedSavingIsReportedAndKeepsTheSource) {
+    Load();
+    record.path = "the_new_path_of_the_project.prj";
+    const std::string target = "THE_NEW_PATH_OF_THE_PROJECT.STDMEMXML";
+    const auto save = [&] {
+        messages.shown.clear();
+        slots::SaveStdMemConfig(&record, ++token);
+    };
+    const std::size_t shortages = RunWithEveryShortage(save, [&](Shortage shortage) {
+        EXPECT_EQ(FileText(kProjectFile), kDefinitions);
+        EXPECT_TRUE(TheModule().store.GetCurrentPath() == kProjectFile ||
+                    FileText(target) == kDefinitions)
+            << "the path is that of a whole file";
+        EXPECT_EQ(Size(1), 2U);
+        ExpectMessage(shortage);
+    });
+    EXPECT_GT(shortages, 0U);
+    EXPECT_EQ(FileText(target), kDefinitions);
+}
+
+TEST_F(ShortMemoryConfigurationTest, ClosingNeedsNoMemory) {
+    Load();
+    EXPECT_TRUE(NeedsNoMemory([&] { slots::CloseStdMemConfig(++token); }));
+    EXPECT_EQ(Size(1), 0U);
+    EXPECT_EQ(TheModule().store.GetCurrentPath(), "");
+}
+
+}  // namespace
+}  // namespace orvell::host
