@@ -83,8 +83,7 @@ class ValueRows::Writer {
     const GridChoices& ChoicesOf(const TypeDef& type) {
         GridChoices& choices = choices_[&type];
         if (choices == nullptr) {
-            choices = std::make_shared<const std::vector<std::string>>(
-                values::EnumItemNames(type.enumItems));
+            choices = std::make_shared<const GridChoiceList>(values::EnumItemNames(type.enumItems));
         }
         return choices;
     }

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <variant>
-#include <vector>
+
+#include "ui/grid/grid_choices.h"
 
 namespace orvell::ui {
 
@@ -15,9 +15,6 @@ using Colour = std::uint32_t;
 
 /// In a cell: the system's own colour for this place of the grid, read anew at each painting.
 inline constexpr Colour kDefaultColour = 0xFF000000;
-
-/// The choices of a combo cell. Cells of one type share one list.
-using GridChoices = std::shared_ptr<const std::vector<std::string>>;
 
 /// Bits of a cell's state.
 inline constexpr std::uint32_t kGridCellReadOnly = 8;
@@ -109,7 +106,6 @@ class CGridCellCombo final : public CGridCellBase {
 
     explicit CGridCellCombo(CGridCellBase&& other) : CGridCellBase(std::move(other)) {}
 
-    /// Null counts as an empty list.
     [[nodiscard]] const GridChoices& Choices() const { return choices_; }
     void SetChoices(GridChoices choices) { choices_ = std::move(choices); }
 

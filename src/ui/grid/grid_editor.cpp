@@ -139,9 +139,8 @@ class ComboEditor final : public GridEditor {
   public:
     ComboEditor(const GridEditorPlace& place, const std::string& text, GridChoices choices)
         : GridEditor(place, place.cell, "COMBOBOX", CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL),
-          choices_(choices != nullptr ? std::move(choices)
-                                      : std::make_shared<const std::vector<std::string>>()) {
-        for (const std::string& choice : *choices_) {
+          choices_(std::move(choices)) {
+        for (const std::string& choice : Choices()) {
             SendMessageA(Window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(choice.c_str()));
         }
         FitInto(place.cell);
@@ -151,10 +150,10 @@ class ComboEditor final : public GridEditor {
 
     std::optional<std::string> Text() const override {
         const LRESULT index = SendMessageA(Window(), CB_GETCURSEL, 0, 0);
-        if (index < 0 || static_cast<std::size_t>(index) >= choices_->size()) {
+        if (index < 0 || static_cast<std::size_t>(index) >= Choices().size()) {
             return std::nullopt;
         }
-        return (*choices_)[static_cast<std::size_t>(index)];
+        return Choices()[static_cast<std::size_t>(index)];
     }
 
     void DropDown() override { SendMessageA(Window(), CB_SHOWDROPDOWN, TRUE, 0); }
@@ -179,12 +178,17 @@ class ComboEditor final : public GridEditor {
     }
 
   private:
+    [[nodiscard]] const std::vector<std::string>& Choices() const {
+        static const std::vector<std::string> kNone;
+        return choices_ == nullptr ? kNone : choices_->Texts();
+    }
+
     /// The height that is set reaches to the end of the list; that of the closed field follows from
     /// its text's.
     void FitInto(const GridRect& rect) {
         const int height = rect.bottom - rect.top;
         const auto item = static_cast<int>(SendMessageA(Window(), CB_GETITEMHEIGHT, 0, 0));
-        const int shown = std::min(static_cast<int>(choices_->size()), kShownChoices);
+        const int shown = std::min(static_cast<int>(Choices().size()), kShownChoices);
         SetWindowPos(Window(), nullptr, 0, 0, rect.right - rect.left, height + (shown + 1) * item,
                      SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
         const auto field = SendMessageA(Window(), CB_GETITEMHEIGHT, kField, 0);
@@ -200,9 +204,9 @@ class ComboEditor final : public GridEditor {
 
     /// The control's own search does not tell capital letters from small ones.
     void Select(const std::string& text) {
-        const auto found = std::find(choices_->begin(), choices_->end(), text);
-        if (found != choices_->end()) {
-            SendMessageA(Window(), CB_SETCURSEL, static_cast<WPARAM>(found - choices_->begin()), 0);
+        const auto found = std::find(Choices().begin(), Choices().end(), text);
+        if (found != Choices().end()) {
+            SendMessageA(Window(), CB_SETCURSEL, static_cast<WPARAM>(found - Choices().begin()), 0);
         }
     }
 

@@ -17,8 +17,7 @@ bool IsDecimalNumber(std::string_view text) {
 }
 
 bool IsChoice(const GridChoices& choices, std::string_view text) {
-    return choices != nullptr &&
-           std::find(choices->begin(), choices->end(), text) != choices->end();
+    return choices != nullptr && choices->Contains(text);
 }
 
 }  // namespace

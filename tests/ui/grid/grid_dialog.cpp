@@ -75,8 +75,7 @@ std::string GridDialog::EditorText() const {
 void GridDialog::MakeCombo(int row, std::vector<std::string> choices) const {
     Model().SetCellType(row, 1, ui::GridCellKind::Combo);
     Model().SetItemText(row, 1, choices.front());
-    Model().SetChoices(row, 1,
-                       std::make_shared<const std::vector<std::string>>(std::move(choices)));
+    Model().SetChoices(row, 1, std::make_shared<const ui::GridChoiceList>(std::move(choices)));
     Grid().Refresh();
 }
 

@@ -136,7 +136,7 @@ TEST_F(ParameterFormTest, EnumeratedValuesAreChosenFromOneSharedList) {
     EXPECT_EQ(grid.GetCellType(1, 1), GridCellKind::Text);
     EXPECT_EQ(grid.GetCellType(2, 1), GridCellKind::Combo);
     ASSERT_NE(grid.GetChoices(2, 1), nullptr);
-    EXPECT_EQ(*grid.GetChoices(2, 1), (std::vector<std::string>{"Off", "On"}));
+    EXPECT_EQ(grid.GetChoices(2, 1)->Texts(), (std::vector<std::string>{"Off", "On"}));
     EXPECT_EQ(grid.GetChoices(2, 1), grid.GetChoices(6, 1));
 }
 

@@ -5,6 +5,7 @@
 #include <limits>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "unit/ui/grid/filled_model.h"
@@ -15,6 +16,10 @@ namespace {
 constexpr int kHighest = std::numeric_limits<int>::max();
 
 using test::FilledModel;
+
+GridChoices Choices(std::vector<std::string> texts) {
+    return std::make_shared<const GridChoiceList>(std::move(texts));
+}
 
 TEST(GridModel, IsEmptyAtFirst) {
     const GridModel model;
@@ -185,8 +190,7 @@ TEST(GridModel, ChangesACellsKindAndKeepsItsContents) {
 
 TEST(GridModel, SharesOneListOfChoices) {
     GridModel model = FilledModel(2);
-    const auto choices =
-        std::make_shared<const std::vector<std::string>>(std::vector<std::string>{"off", "on"});
+    const GridChoices choices = Choices({"off", "on"});
     for (const int row : {1, 2}) {
         model.SetCellType(row, 1, GridCellKind::Combo);
         model.SetChoices(row, 1, choices);
@@ -216,9 +220,8 @@ TEST(GridModel, AComboCellTakesItsChoicesAndNumbers) {
     GridModel model = FilledModel(2);
     model.SetCellType(1, 1, GridCellKind::Combo);
     EXPECT_FALSE(model.TakesText(1, 1, "On")) << "no choices";
-    model.SetChoices(
-        1, 1,
-        std::make_shared<const std::vector<std::string>>(std::vector<std::string>{"Off", "On"}));
+    model.SetChoices(1, 1, Choices({"Off", "On"}));
+    EXPECT_TRUE(model.TakesText(1, 1, "Off"));
     EXPECT_TRUE(model.TakesText(1, 1, "On"));
     EXPECT_TRUE(model.TakesText(1, 1, "4294967295")) << "a value without a name";
     for (const char* const text : {"on", "", "On ", "-1", "1x", "0x1"}) {
@@ -231,6 +234,18 @@ TEST(GridModel, AComboCellTakesItsChoicesAndNumbers) {
     model.SetItemState(2, 1, 0);
     model.SetCellType(2, 1, GridCellKind::Check);
     EXPECT_FALSE(model.TakesText(2, 1, "any text"));
+}
+
+TEST(GridModel, ChoicesKeepTheirOrderAndKnowTheirTexts) {
+    const GridChoices choices = Choices({"On", "Off", "", "On", "a longer name than fits inside"});
+    EXPECT_EQ(choices->Texts(),
+              (std::vector<std::string>{"On", "Off", "", "On", "a longer name than fits inside"}));
+    for (const std::string& text : choices->Texts()) {
+        EXPECT_TRUE(choices->Contains(text)) << text;
+    }
+    EXPECT_FALSE(choices->Contains("O"));
+    EXPECT_FALSE(choices->Contains("on"));
+    EXPECT_FALSE(Choices({})->Contains(""));
 }
 
 TEST(GridModel, TellsWhereTheValuesAre) {
