@@ -62,6 +62,10 @@ ParameterDialog::ParameterDialog(DialogParameterRecord* record, const OnlineAcce
       vector_(record == nullptr ? 1 : record->count) {}
 
 bool ParameterDialog::OnInit() {
+    if (!HasGrid()) {  // a translated template may lack it
+        End(IDCANCEL);
+        return true;
+    }
     const Scope updating(isUpdating_);
     SetUpSymbols();
     SetUpBoxWidth();
@@ -109,6 +113,9 @@ std::optional<LRESULT> ParameterDialog::OnNotify(const NMHDR& notification) {
 }
 
 std::optional<LRESULT> ParameterDialog::OnMessage(UINT message, WPARAM first, LPARAM second) {
+    if (!HasGrid()) {
+        return std::nullopt;
+    }
     switch (message) {
         case WM_SIZE:
             OnSize();
@@ -127,6 +134,8 @@ std::optional<LRESULT> ParameterDialog::OnMessage(UINT message, WPARAM first, LP
         case WM_QUERYDRAGICON:
             return reinterpret_cast<LRESULT>(largeSymbol_.get());
         case WM_SYSCOLORCHANGE:
+        case WM_SETTINGCHANGE:
+            TellControls(message, first, second);
             form_.ColourNames(Grid().Model());
             Grid().Refresh();
             return 0;
@@ -143,6 +152,17 @@ void ParameterDialog::OnClose() {
     if (!isAccepting_) {
         End(IDCANCEL);
     }
+}
+
+void ParameterDialog::TellControls(UINT message, WPARAM first, LPARAM second) const {
+    for (HWND control = GetWindow(Window(), GW_CHILD); control != nullptr;
+         control = GetWindow(control, GW_HWNDNEXT)) {
+        SendMessageW(control, message, first, second);
+    }
+}
+
+bool ParameterDialog::HasGrid() const {
+    return CGridCtrl::FromWindow(Control(ORVELL_VALUE_GRID)) != nullptr;
 }
 
 CGridCtrl& ParameterDialog::Grid() const {
@@ -245,6 +265,7 @@ void ParameterDialog::Accept() {
         ShowError(services_, Window(), StringId::ValueNotConvertible);
         return;
     }
+    hasStored_ = true;
     End(IDOK);
 }
 

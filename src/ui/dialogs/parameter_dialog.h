@@ -13,14 +13,17 @@
 
 namespace orvell::ui {
 
-/// Shows the value of a parameter as a grid of elements and lets the user edit it. `Run` gives IDOK
-/// when the record has been changed and, online, the target system as well; otherwise the record is
-/// unchanged. The class of the grid's window must be registered.
+/// Shows the value of a parameter as a grid of elements and lets the user edit it. `HasStored`
+/// tells afterwards whether the record has been changed and, online, the target system as well;
+/// otherwise the record is unchanged. The class of the grid's window must be registered.
 class ParameterDialog final : public ModalDialog {
   public:
     /// `record` may be null: the dialog then ends by itself. All must outlive the dialog.
     ParameterDialog(DialogParameterRecord* record, const OnlineAccessRecord& host,
                     const EditorServices& services);
+
+    /// What was accepted stays accepted, whatever becomes of the window afterwards.
+    [[nodiscard]] bool HasStored() const { return hasStored_; }
 
   protected:
     bool OnInit() override;
@@ -62,6 +65,10 @@ class ParameterDialog final : public ModalDialog {
     void FitColumns();
     void ShowRows();
 
+    /// The controls hear of the system's look through their parent only.
+    void TellControls(UINT message, WPARAM first, LPARAM second) const;
+
+    [[nodiscard]] bool HasGrid() const;
     [[nodiscard]] CGridCtrl& Grid() const;
 
     const EditorServices& services_;
@@ -72,9 +79,10 @@ class ParameterDialog final : public ModalDialog {
     SIZE minimumSize_{};
     DialogResources::Icon largeSymbol_;
     DialogResources::Icon smallSymbol_;
-    bool isFilled_ = false;     ///< the grid shows the record's value
-    bool isUpdating_ = false;   ///< changes of controls are the dialog's own
-    bool isSpinning_ = false;   ///< the length's change comes from its spin
+    bool isFilled_ = false;    ///< the grid shows the record's value
+    bool isUpdating_ = false;  ///< changes of controls are the dialog's own
+    bool isSpinning_ = false;  ///< the length's change comes from its spin
+    bool hasStored_ = false;
     bool isAccepting_ = false;  ///< messages that come in meanwhile change nothing
 };
 

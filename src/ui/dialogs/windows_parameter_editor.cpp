@@ -11,7 +11,9 @@ bool WindowsParameterEditor::Edit(DialogParameterRecord* record, const OnlineAcc
     }
     // A record without an owner window gives a dialog without one.
     const auto owner = static_cast<HWND>(record == nullptr ? nullptr : record->owner);
-    return ParameterDialog(record, host, services).Run(owner) == IDOK;
+    ParameterDialog dialog(record, host, services);
+    dialog.Run(owner);
+    return dialog.HasStored();
 }
 
 }  // namespace orvell::ui

@@ -117,6 +117,28 @@ TEST_F(DialogClosingTest, AnOwnerThatGoesUnderTheFirstMessageTakesAllWithIt) {
     }));
 }
 
+LRESULT CALLBACK GoesWhenItIsEnabled(HWND window, UINT message, WPARAM first, LPARAM second) {
+    if (message == WM_ENABLE && first != 0) {
+        DestroyWindow(window);
+        return 0;
+    }
+    return DefWindowProcW(window, message, first, second);
+}
+
+TEST_F(DialogClosingTest, WhatWasAcceptedStaysWhenTheOwnerGoesAtTheEnd) {
+    OwnedDialogRecord owned(kInt, {5, 0});
+    const HWND owner = NewOwner();
+    SetWindowLongPtrW(owner, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(GoesWhenItIsEnabled));
+    owned.record.owner = owner;
+    EXPECT_TRUE(EditWith(owned, [&](const DialogUser& user) {
+        const HWND dialog = ParameterDialogOf(user);
+        Enter(user, dialog, 1, "7");
+        user.Press(dialog, IDOK);
+    }));
+    EXPECT_EQ(owned.Value(), (Bytes{7, 0}));
+    EXPECT_FALSE(IsWindow(owner));
+}
+
 TEST_F(DialogClosingTest, ADialogMayBeOpenedOnADialog) {
     OwnedDialogRecord outer(kInt, {5, 0});
     OwnedDialogRecord inner(kDay, Bytes(4));

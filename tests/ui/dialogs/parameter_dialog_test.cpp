@@ -337,6 +337,44 @@ TEST_F(ParameterDialogTest, DefinitionsMayGoWhileTheDialogIsOpen) {
     EXPECT_EQ(owned.Value(), (Bytes{1, 0, 2, 0}));
 }
 
+/// The colour of a point of the grid as it would be painted now.
+COLORREF PaintedAt(HWND grid, int x, int y) {
+    const HDC screen = GetDC(grid);
+    const HDC context = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, x + 1, y + 1);
+    const HGDIOBJ before = SelectObject(context, bitmap);
+    SendMessageW(grid, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(context), PRF_CLIENT);
+    const COLORREF colour = GetPixel(context, x, y);
+    SelectObject(context, before);
+    DeleteObject(bitmap);
+    DeleteDC(context);
+    ReleaseDC(grid, screen);
+    return colour;
+}
+
+/// Windows tells top-level windows only.
+TEST_F(ParameterDialogTest, OtherSystemColoursReachTheGrid) {
+    constexpr COLORREF kOther = 0x00204060;
+    const int index = COLOR_WINDOW;
+    const COLORREF before = GetSysColor(index);
+    OwnedDialogRecord owned(kInt, {5, 0});
+    EditWith(owned, [&](const DialogUser& user) {
+        const HWND dialog = ParameterDialogOf(user);
+        COLORREF painted = before;
+        user.OnThread([&] {
+            SetSysColors(1, &index, &kOther);
+            SendMessageW(dialog, WM_SYSCOLORCHANGE, 0, 0);
+            const GridRect value = GridOf(dialog).Layout().CellRect({1, kValueColumn});
+            painted =
+                PaintedAt(GetDlgItem(dialog, ORVELL_VALUE_GRID), value.right - 6, value.bottom - 6);
+            SetSysColors(1, &index, &before);
+            SendMessageW(dialog, WM_SYSCOLORCHANGE, 0, 0);
+        });
+        EXPECT_EQ(painted, kOther);
+        user.Press(dialog, IDCANCEL);
+    });
+}
+
 TEST_F(ParameterDialogTest, HelpIsTheOwnersMatter) {
     helpRequests = 0;
     const HWND owner =
