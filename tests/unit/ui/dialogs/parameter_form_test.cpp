@@ -394,6 +394,53 @@ TEST_F(ParameterFormTest, ATextThatSpellsNoValueIsRefusedAndLosesNothing) {
               (Rows{"Element[0]=02.01.1970", "Element[1]=03.01.1970", "Element[2]=01.01.1970"}));
 }
 
+/// Accepting reads every text again, also of values that nobody has touched.
+TEST_F(ParameterFormTest, AcceptingMayChangeBytesThatTextsDoNotTell) {
+    struct Case {
+        std::uint32_t id;
+        BaseTypeCode code;
+        std::uint32_t size;
+        Bytes before;
+        Bytes after;
+    };
+    const std::vector<Case> cases{
+        // Control characters are shown as points.
+        {40, BaseTypeCode::String, 4, {'a', 1, 0, 0}, {'a', '.', 0, 0}},
+        // 90,000 s since midnight are 01:00:00.
+        {41, BaseTypeCode::Time, 0, {0x90, 0x5F, 1, 0}, {0x10, 0x0E, 0, 0}},
+        // Without bytes a value begins as the type's default: 29.02.2024 12:00:00 (45351.5).
+        {42, BaseTypeCode::OleDateTime, 0, {}, {0, 0, 0, 0, 0xF0, 0x24, 0xE6, 0x40}},
+    };
+    for (const Case& each : cases) {
+        const std::string name = "T" + std::to_string(each.id);
+        definitions.AddArea(each.id, BasicType(name.c_str(), each.code, each.size));
+        definitions.store.ResolveReferences();
+        OwnedDialogRecord owned(each.id, each.before);
+        Open(owned.record);
+        ASSERT_TRUE(isOpen);
+        ASSERT_TRUE(form->TakeBack(grid));
+        ASSERT_TRUE(form->Store(10));
+        EXPECT_EQ(owned.Value(), each.after) << name;
+    }
+    OwnedDialogRecord unset(kMode);
+    Open(unset.record);
+    ASSERT_TRUE(form->TakeBack(grid) && form->Store(10));
+    EXPECT_EQ(unset.Value(), Bytes{0}) << "the first enumerator that has a name";
+}
+
+TEST_F(ParameterFormTest, VectorsAreCutToTheLongestInEveryMode) {
+    for (const std::uint32_t mode : {0U, 1U, 3U}) {
+        OwnedDialogRecord owned(kInt, Bytes(2'002, 5), 1'001);
+        owned.record.mode = mode;
+        Open(owned.record);
+        ASSERT_TRUE(isOpen);
+        EXPECT_EQ(grid.GetRowCount(), 1'000) << mode;
+        ASSERT_TRUE(form->TakeBack(grid) && form->Store(10));
+        EXPECT_EQ(owned.record.count, 999U) << mode;
+        EXPECT_EQ(owned.record.length, 2'002U) << "the value's block never shrinks";
+    }
+}
+
 TEST_F(ParameterFormTest, StoreWritesEverythingAndNothingBefore) {
     OwnedDialogRecord owned(kInt, {1, 0});
     owned.record.boxWidth = 12;

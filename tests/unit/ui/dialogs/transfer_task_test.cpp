@@ -72,6 +72,14 @@ TEST_F(TransferTaskTest, TellsWhenASetterFails) {
     EXPECT_EQ(written, (std::vector<std::uint32_t>{1, 2, 3})) << "these stay written";
 }
 
+TEST_F(TransferTaskTest, TheShareWrittenIsCutToAWholeNumber) {
+    failAt = 2;
+    TransferTask task(definitions.converters, Word(), 3, std::span(value).first(6), host);
+    task.Start();
+    task.Run();
+    EXPECT_EQ(task.Percentage(), 66) << "two of three elements";
+}
+
 TEST_F(TransferTaskTest, ACancelledTransferHasNoError) {
     TransferTask task(definitions.converters, Word(), 4, value, host);
     cancelledBySetter = &task;
