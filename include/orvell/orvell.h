@@ -281,7 +281,8 @@ int32_t ORVELL_CALL SetZelkorExportFctns(HostExportTable* table);
 int32_t ORVELL_CALL GetStdParaFctns(void* table);
 
 /*
- * Fills the host's parameter-management table in the same manner and forgets the call tokens.
+ * Fills the host's parameter-management table with as many bytes as its first word says, zeros
+ * behind the module's table, and forgets the call tokens.
  * Returns 1, or 0 for a null table and for one whose first word is 0.
  */
 int32_t ORVELL_CALL GetParaMGMTFunc(void* table);

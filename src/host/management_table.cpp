@@ -42,6 +42,6 @@ extern "C" int32_t ORVELL_CALL GetParaMGMTFunc(void* table) {
     }
     TheModule().callTokens.Reset();
     ManagementTable own = MakeManagementTable();
-    HandOverTable(&own, table);
+    CopySizedTable(static_cast<void*>(&own), table, true);
     return 1;
 }

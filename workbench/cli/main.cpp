@@ -8,6 +8,7 @@
 
 #include "cli/command_line.h"
 #include "cli/commands.h"
+#include "cli/module_check.h"
 #include "cli/output.h"
 #include "cli/session.h"
 #include "cli/usage.h"
@@ -81,6 +82,9 @@ ExitCode Run() {
     if (!ReadWords(words)) {
         PrintError("A word has characters outside the system's code page; use other names.");
         return ExitCode::WrongUsage;
+    }
+    if (IsModuleCheck(words)) {
+        return RunModuleCheck(words);
     }
     if (!ParseCommandLine(words, commandLine, error)) {
         PrintError(error);

@@ -65,7 +65,10 @@ std::string Description(Command command) {
             return "Prints every element of a value on a line: its path and its text as the list "
                    "file\nhas it (decimal comma).\n";
         case Command::Check:
-            return "Says whether a value has all bytes that its type needs.\n";
+            return "Says whether a value has all bytes that its type needs.\n"
+                   "workbench check [--seed N] [--only THEME] FILE.DLL checks a build of the "
+                   "module "
+                   "as a\nhostile host would use it.\n";
         case Command::Edit:
             return Joined({kEditHelp, kTargetHelp});
         case Command::Read:

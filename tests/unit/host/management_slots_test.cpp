@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -242,7 +241,11 @@ TEST_F(ManagementSlotsTest, LoadingRunsOncePerToken) {
 
 // ---- hand-over ---------------------------------------------------------------------------------
 
-TEST_F(ManagementSlotsTest, ATableReceivesWholeSlotsOnly) {
+TEST_F(ManagementSlotsTest, ATableOfAnySizeReceivesItsBytesAndNoMore) {
+    std::array<std::uint32_t, 24> whole{};
+    whole[0] = sizeof(ManagementTable);
+    ASSERT_EQ(GetParaMGMTFunc(whole.data()), 1);
+    const auto* wholeByte = reinterpret_cast<const std::uint8_t*>(whole.data());
     for (std::uint32_t size = 1; size < sizeof(ManagementTable); ++size) {
         std::array<std::uint32_t, 24> table{};
         table.fill(0xEEEEEEEE);
@@ -250,8 +253,8 @@ TEST_F(ManagementSlotsTest, ATableReceivesWholeSlotsOnly) {
         EXPECT_EQ(GetParaMGMTFunc(table.data()), 1) << size;
         EXPECT_EQ(table[0], size);
         const auto* byte = reinterpret_cast<const std::uint8_t*>(table.data());
-        for (std::uint32_t i = std::max(4U, size / 4 * 4); i < sizeof table; ++i) {
-            EXPECT_EQ(byte[i], i < size ? 0 : 0xEE) << size << ' ' << i;
+        for (std::uint32_t i = 4; i < sizeof table; ++i) {
+            EXPECT_EQ(byte[i], i < size ? wholeByte[i] : 0xEE) << size << ' ' << i;
         }
     }
 }
