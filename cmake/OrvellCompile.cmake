@@ -21,6 +21,11 @@ if(ORVELL_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+if(ORVELL_FUZZ)
+    # Of all code, for the engine to see which branches an input takes.
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 if(WIN32)
     target_compile_definitions(orvell_compile INTERFACE
         UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601 WINVER=0x0601)
