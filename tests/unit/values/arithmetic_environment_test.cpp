@@ -1,7 +1,7 @@
 // A host may set a locale with a decimal comma and the x87 unit to single precision. Neither may
 // change a text or a bit of a value.
-#include <clocale>
-#include <locale>
+#include "support/arithmetic_environment.h"
+
 #include <random>
 
 #include "unit/values/converter_test.h"
@@ -9,52 +9,8 @@
 namespace orvell::values {
 namespace {
 
-/// Decimal comma and grouped digits for the C++ library, and for the C library where the system
-/// knows such a locale.
-class GermanLocale {
-  public:
-    GermanLocale()
-        : before_(std::locale::global(std::locale(std::locale(), new CommaPunctuation))) {
-        for (const char* name : {"German_Germany.1252", "German", "de_DE.UTF-8", "de_DE"}) {
-            if (std::setlocale(LC_ALL, name) != nullptr) {
-                break;
-            }
-        }
-    }
-    ~GermanLocale() {
-        std::setlocale(LC_ALL, "C");
-        std::locale::global(before_);
-    }
-    GermanLocale(const GermanLocale&) = delete;
-    GermanLocale& operator=(const GermanLocale&) = delete;
-
-  private:
-    class CommaPunctuation : public std::numpunct<char> {
-      protected:
-        char do_decimal_point() const override { return ','; }
-        char do_thousands_sep() const override { return '.'; }
-        std::string do_grouping() const override { return "\3"; }
-    };
-
-    std::locale before_;
-};
-
-/// Sets the precision of the x87 unit to 24 bits.
-class SinglePrecision {
-  public:
-    SinglePrecision() {
-        asm volatile("fnstcw %0" : "=m"(before_));
-        const auto single = static_cast<std::uint16_t>(before_ & ~kPrecisionMask);
-        asm volatile("fldcw %0" : : "m"(single));
-    }
-    ~SinglePrecision() { asm volatile("fldcw %0" : : "m"(before_)); }
-    SinglePrecision(const SinglePrecision&) = delete;
-    SinglePrecision& operator=(const SinglePrecision&) = delete;
-
-  private:
-    static constexpr std::uint16_t kPrecisionMask = 0x0300;
-    std::uint16_t before_ = 0;
-};
+using test::GermanLocale;
+using test::SinglePrecision;
 
 class ArithmeticEnvironmentTest : public ConverterTest {
   protected:
