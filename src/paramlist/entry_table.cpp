@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstdint>
 #include <limits>
 #include <random>
 #include <utility>
@@ -61,10 +62,11 @@ void EntryTable::PrefetchEntry(std::uint32_t number) const {
 
 void EntryTable::PrefetchAt(std::size_t slot) const {
     if (slot < slots_.size()) {
-        // An entry lies in two cache lines. Those of a null pointer may be asked for as well.
-        const auto* const entry = reinterpret_cast<const char*>(slots_[slot]);
-        __builtin_prefetch(entry, kForWriting);
-        __builtin_prefetch(entry + kCacheLineBytes, kForWriting);
+        // An entry lies in two cache lines. Those at address 0 may be asked for as well, but no
+        // pointer be made from a null pointer.
+        const auto entry = reinterpret_cast<std::uintptr_t>(slots_[slot]);
+        __builtin_prefetch(reinterpret_cast<const void*>(entry), kForWriting);
+        __builtin_prefetch(reinterpret_cast<const void*>(entry + kCacheLineBytes), kForWriting);
     }
 }
 
