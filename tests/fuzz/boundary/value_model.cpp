@@ -1,0 +1,232 @@
+#include "value_model.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+
+#include "host_memory.h"
+
+namespace orvell::fuzz {
+namespace {
+
+bool IsNarrow(ModelType type) {
+    return type == ModelType::Bit || type == ModelType::Byte || type == ModelType::Word;
+}
+
+bool Is32Bit(ModelType type) {
+    return type == ModelType::Long || type == ModelType::Seconds;
+}
+
+bool IsInteger(ModelType type) {
+    return type != ModelType::Number && type != ModelType::Text;
+}
+
+/// Keeps as many of the integer's low bits as the type has.
+bool Store(ModelType type, ModelValue& value, std::int64_t integer) {
+    switch (type) {
+        case ModelType::Bit:
+            value.integer = integer != 0 ? 1 : 0;
+            break;
+        case ModelType::Byte:
+            value.integer = static_cast<std::uint8_t>(integer);
+            break;
+        case ModelType::Word:
+            value.integer = static_cast<std::int16_t>(integer);
+            break;
+        case ModelType::Long:
+            value.integer = static_cast<std::int32_t>(integer);
+            break;
+        case ModelType::Seconds:
+            value.integer = static_cast<std::uint32_t>(integer);
+            break;
+        default:
+            value.integer = integer;
+    }
+    value.isDefined = true;
+    return true;
+}
+
+bool StoreNumber(ModelValue& value, const double& number) {
+    value.number = number;
+    value.isDefined = true;
+    return true;
+}
+
+std::size_t SkipBlanks(const std::string& text) {
+    return std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size());
+}
+
+std::size_t SkipDigits(const std::string& text, std::size_t position) {
+    return std::min(text.find_first_not_of("0123456789", position), text.size());
+}
+
+bool IsSign(const std::string& text, std::size_t position) {
+    return position < text.size() && (text[position] == '+' || text[position] == '-');
+}
+
+std::int64_t ReadInteger(const std::string& text) {
+    std::size_t position = SkipBlanks(text);
+    const bool isNegative = IsSign(text, position) && text[position] == '-';
+    position += IsSign(text, position) ? 1 : 0;
+    std::uint64_t integer = 0;
+    for (const std::size_t end = SkipDigits(text, position); position < end; ++position) {
+        integer = integer * 10 + static_cast<std::uint64_t>(text[position] - '0');
+    }
+    return static_cast<std::int64_t>(isNegative ? 0 - integer : integer);
+}
+
+/// The end of the longest number that the text from `start` on spells.
+std::size_t EndOfNumber(const std::string& text, std::size_t start) {
+    std::size_t end = start + (IsSign(text, start) ? 1 : 0);
+    end = SkipDigits(text, end);
+    if (end < text.size() && text[end] == '.') {
+        end = SkipDigits(text, end + 1);
+    }
+    if (end < text.size() && (text[end] == 'e' || text[end] == 'E')) {
+        const std::size_t digits = end + (IsSign(text, end + 1) ? 2 : 1);
+        const std::size_t exponentEnd = SkipDigits(text, std::min(digits, text.size()));
+        end = exponentEnd > digits ? exponentEnd : end;
+    }
+    return end;
+}
+
+void ReadNumber(const std::string& text, double& number) {
+    const std::size_t start = SkipBlanks(text);
+    number = std::strtod(text.substr(start, EndOfNumber(text, start) - start).c_str(), nullptr);
+}
+
+/// A text that looks like a decimal number is rounded to one place first.
+std::int64_t ReadInteger64(std::string text) {
+    if (text.find_first_of(",eE") == std::string::npos) {
+        return ReadInteger(text);
+    }
+    for (char& character : text) {
+        character = character == ',' ? '.' : character;
+    }
+    double number = 0;
+    ReadNumber(text, number);
+    char rounded[512];
+    std::snprintf(rounded, sizeof rounded, "%-22.1f", number);
+    return ReadInteger(rounded);
+}
+
+std::string Print(const double& number) {
+    char text[64];
+    std::snprintf(text, sizeof text, "%.15g", number);
+    return std::isnan(number) ? "nan" : text;
+}
+
+}  // namespace
+
+std::int64_t IntegerPart(const double& number) {
+    const bool isHeld = number >= -9223372036854775808.0 && number < 9223372036854775808.0;
+    return isHeld ? static_cast<std::int64_t>(number) : std::numeric_limits<std::int64_t>::min();
+}
+
+bool SetWord(ModelType type, ModelValue& value, std::uint16_t word) {
+    return IsNarrow(type) && Store(type, value, word);
+}
+
+bool SetDword(ModelType type, ModelValue& value, std::uint32_t dword) {
+    return Is32Bit(type) && Store(type, value, dword);
+}
+
+bool SetQword(ModelType type, ModelValue& value, std::uint64_t qword) {
+    return type == ModelType::Integer64 && Store(type, value, static_cast<std::int64_t>(qword));
+}
+
+bool SetNumber(ModelType type, ModelValue& value, const double& number) {
+    switch (type) {
+        case ModelType::Bit:
+            return Store(type, value, number != 0.0 ? 1 : 0);
+        case ModelType::Number:
+            return StoreNumber(value, number);
+        case ModelType::Integer64:
+        case ModelType::Text:
+            return false;
+        default:
+            return Store(type, value, IntegerPart(number));
+    }
+}
+
+bool SetText(ModelType type, ModelValue& value, const std::optional<std::string>& text) {
+    switch (type) {
+        case ModelType::Text:
+            value.isDefined = text.has_value();
+            value.text = text.value_or("");
+            return true;
+        case ModelType::Number: {
+            double number = 0;
+            ReadNumber(text.value_or(""), number);
+            return StoreNumber(value, number);
+        }
+        case ModelType::Integer64:
+            return Store(type, value, ReadInteger64(text.value_or("")));
+        default:
+            return Store(type, value, ReadInteger(text.value_or("")));
+    }
+}
+
+std::optional<std::uint16_t> WordOf(ModelType type, const ModelValue& value) {
+    if (!value.isDefined || !IsNarrow(type)) {
+        return std::nullopt;
+    }
+    return static_cast<std::uint16_t>(value.integer);
+}
+
+std::optional<std::uint32_t> DwordOf(ModelType type, const ModelValue& value) {
+    if (!value.isDefined || !Is32Bit(type)) {
+        return std::nullopt;
+    }
+    return static_cast<std::uint32_t>(value.integer);
+}
+
+std::optional<std::uint64_t> QwordOf(ModelType type, const ModelValue& value) {
+    if (!value.isDefined || type != ModelType::Integer64) {
+        return std::nullopt;
+    }
+    return static_cast<std::uint64_t>(value.integer);
+}
+
+std::optional<double> NumberOf(ModelType type, const ModelValue& value) {
+    if (!value.isDefined || !(Is32Bit(type) || type == ModelType::Number)) {
+        return std::nullopt;
+    }
+    return Is32Bit(type) ? static_cast<double>(value.integer) : value.number;
+}
+
+std::optional<std::string> TextOf(ModelType type, const ModelValue& value) {
+    if (!value.isDefined) {
+        return std::nullopt;
+    }
+    if (type == ModelType::Seconds) {  // printed as signed, as the list file has it
+        return std::to_string(static_cast<std::int32_t>(value.integer));
+    }
+    if (IsInteger(type)) {
+        return std::to_string(value.integer);
+    }
+    return type == ModelType::Number ? Print(value.number) : value.text;
+}
+
+std::string StoredBytes(ModelType type, const ModelValue& value) {
+    if (!value.isDefined) {
+        return {};
+    }
+    switch (type) {
+        case ModelType::Number:
+            return BytesOf(value.number);
+        case ModelType::Text:
+            return value.text + '\0';
+        default: {
+            const bool isByte = type == ModelType::Bit || type == ModelType::Byte;
+            const std::size_t width = isByte                    ? 1
+                                      : type == ModelType::Word ? 2
+                                      : Is32Bit(type)           ? 4
+                                                                : 8;
+            return BytesOf(value.integer).substr(0, width);
+        }
+    }
+}
+
+}  // namespace orvell::fuzz
