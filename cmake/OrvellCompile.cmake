@@ -23,6 +23,11 @@ if(ORVELL_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+if(ORVELL_COVERAGE)
+    add_compile_options(-fprofile-instr-generate -fcoverage-mapping)
+    add_link_options(-fprofile-instr-generate)
+endif()
+
 if(ORVELL_FUZZ)
     # Of all code, for the engine to see which branches an input takes.
     add_compile_options(-fsanitize=fuzzer-no-link)

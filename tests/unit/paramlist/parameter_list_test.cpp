@@ -93,8 +93,10 @@ TEST_F(ParameterListTest, KnowsTheValueTypeOfEveryKind) {
     for (const auto& [keyword, code] : kinds) {
         EXPECT_EQ(list_.ValueTypeOf(keyword), code) << keyword;
         EXPECT_EQ(Kind(keyword).ValueType(), code) << keyword;
-        ASSERT_NE(Kind(keyword).Handler(), nullptr);
-        EXPECT_EQ(typeid(*Kind(keyword).Handler()), typeid(*handlers.Find(code))) << keyword;
+        const ValueTypeHandler* const handler = Kind(keyword).Handler();
+        const ValueTypeHandler* const expected = handlers.Find(code);
+        ASSERT_NE(handler, nullptr);
+        EXPECT_EQ(typeid(*handler), typeid(*expected)) << keyword;
     }
     for (const std::string_view keyword : {"", "pw", "P", "PWX", "ZZZ", "0", "\xFF"}) {
         EXPECT_EQ(list_.FindKind(keyword), nullptr) << keyword;

@@ -143,10 +143,9 @@ TEST_F(ShortMemoryTest, ACsvFileIsTakenOverUpToTheRecordThatFailed) {
 
 TEST_F(ShortMemoryTest, WritersLeaveNothingBehind) {
     Import(listFile);
-    for (const auto write :
-         {static_cast<bool (*)(const ParameterList&, const resources::StringTable&,
-                               platform::ByteSink&)>(WriteListFile),
-          {WriteCsvFile}}) {
+    using Writer =
+        bool (*)(const ParameterList&, const resources::StringTable&, platform::ByteSink&);
+    for (const Writer write : {static_cast<Writer>(WriteListFile), Writer{WriteCsvFile}}) {
         const std::size_t before = TakenBytes();
         std::size_t written = 0;
         FailEveryAllocation(

@@ -16,7 +16,10 @@ std::string Printed(const char* format, ...) {
     std::array<char, 512> buffer{};
     va_list arguments;
     va_start(arguments, format);
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"  // the table of a test holds the formats
     const int size = std::vsnprintf(buffer.data(), buffer.size(), format, arguments);
+#pragma GCC diagnostic pop
     va_end(arguments);
     EXPECT_GE(size, 0);
     EXPECT_LT(static_cast<std::size_t>(size), buffer.size());

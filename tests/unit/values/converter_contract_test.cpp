@@ -239,7 +239,7 @@ TEST_P(ConverterContract, RawPutHandsOutAShortBufferButNoMissingOne) {
         EXPECT_TRUE(converters_.PutRawToHost(type_, kFirst, kSecond,
                                              ValueBuffer(bytes).first(length), host_.Fill()));
         ASSERT_EQ(host_.calls.size(), 1U);
-        EXPECT_EQ(host_.calls[0].bytes, Bytes(whole.begin(), whole.begin() + length));
+        EXPECT_EQ(host_.calls[0].bytes, Bytes(whole.data(), whole.data() + length));
         EXPECT_EQ(host_.calls[0].kind, GetParam().kind);
     }
 }
