@@ -27,7 +27,7 @@ constexpr std::size_t kSignalValueOffset = 31;
 constexpr std::size_t kSignalTextOffset = 35;
 constexpr std::size_t kSignalTextBytes = 18;
 
-ParameterList& List() {
+ParameterList& SignalList() {
     return TheModule().parameters;
 }
 
@@ -53,13 +53,13 @@ std::uint16_t ReadCount(const std::uint16_t* count) {
 }
 
 bool IsKnown(std::string_view address) {
-    return List().ParseAddress(address).kind != nullptr;
+    return SignalList().ParseAddress(address).kind != nullptr;
 }
 
 /// Copies a text of the entry's description; an empty one when there is no entry.
 bool CopyDescription(const char* address, std::string_view Description::*text, char* buffer,
                      std::uint32_t size) {
-    const auto description = paramlist::FindDescription(List(), TextOrEmpty(address));
+    const auto description = paramlist::FindDescription(SignalList(), TextOrEmpty(address));
     CopyCut(description.value_or(Description()).*text, buffer, size);
     return description.has_value();
 }
@@ -74,7 +74,7 @@ void SetSignalVector(const void* signal, std::uint16_t count) {
     }
     std::vector<std::uint32_t> values(count);
     std::memcpy(values.data(), SignalText(signal), values.size() * sizeof(std::uint32_t));
-    List().FillVector(SignalAddress(signal), values);
+    SignalList().FillVector(SignalAddress(signal), values);
 }
 
 void WriteSignalText(void* signal) {
@@ -83,7 +83,7 @@ void WriteSignalText(void* signal) {
         return;
     }
     std::array<std::uint8_t, kSignalTextBytes> text{};
-    paramlist::GetValue(List(), address, text, ValueForm::Text);
+    paramlist::GetValue(SignalList(), address, text, ValueForm::Text);
     std::memcpy(static_cast<char*>(signal) + kSignalTextOffset, text.data(), text.size());
 }
 
@@ -107,7 +107,7 @@ int32_t ORVELL_CALL STDSIL_GetSignalInfo(const char* address, char* name, char* 
 int32_t ORVELL_CALL STDSIL_SetBitParaValue(const char* address, const char* name,
                                            const char* comment, int32_t value) {
     return GuardedTruth([&] {
-        return paramlist::SetFromWord(List(), TextOrEmpty(address), value != 0 ? 1 : 0,
+        return paramlist::SetFromWord(SignalList(), TextOrEmpty(address), value != 0 ? 1 : 0,
                                       NewDescription(name, comment));
     });
 }
@@ -115,7 +115,7 @@ int32_t ORVELL_CALL STDSIL_SetBitParaValue(const char* address, const char* name
 int32_t ORVELL_CALL STDSIL_SetWordParaValue(const char* address, const char* name,
                                             const char* comment, int32_t value) {
     return GuardedTruth([&] {
-        return paramlist::SetFromWord(List(), TextOrEmpty(address),
+        return paramlist::SetFromWord(SignalList(), TextOrEmpty(address),
                                       static_cast<std::uint16_t>(value),
                                       NewDescription(name, comment));
     });
@@ -124,7 +124,7 @@ int32_t ORVELL_CALL STDSIL_SetWordParaValue(const char* address, const char* nam
 int32_t ORVELL_CALL STDSIL_SetFloatParaValue(const char* address, const char* name,
                                              const char* comment, double value) {
     return GuardedTruth([&] {
-        return paramlist::SetFromDouble(List(), TextOrEmpty(address), value,
+        return paramlist::SetFromDouble(SignalList(), TextOrEmpty(address), value,
                                         NewDescription(name, comment));
     });
 }
@@ -132,7 +132,7 @@ int32_t ORVELL_CALL STDSIL_SetFloatParaValue(const char* address, const char* na
 int32_t ORVELL_CALL STDSIL_SetTextParaValue(const char* address, const char* name,
                                             const char* comment, const char* value) {
     return GuardedTruth([&] {
-        return paramlist::SetFromText(List(), TextOrEmpty(address), OptionalText(value),
+        return paramlist::SetFromText(SignalList(), TextOrEmpty(address), OptionalText(value),
                                       NewDescription(name, comment));
     });
 }
@@ -140,7 +140,7 @@ int32_t ORVELL_CALL STDSIL_SetTextParaValue(const char* address, const char* nam
 int32_t ORVELL_CALL STDSIL_SetTXParaValue(const char* address, const char* name,
                                           const char* comment, uint32_t value) {
     return GuardedTruth([&] {
-        return paramlist::SetFromDword(List(), TextOrEmpty(address), value,
+        return paramlist::SetFromDword(SignalList(), TextOrEmpty(address), value,
                                        NewDescription(name, comment));
     });
 }
@@ -151,7 +151,7 @@ int32_t ORVELL_CALL STDSIL_GetName(const char* address, char* buffer, uint32_t s
 
 int32_t ORVELL_CALL STDSIL_SetName(const char* address, const char* name) {
     return GuardedTruth(
-        [&] { return paramlist::SetName(List(), TextOrEmpty(address), TextOrEmpty(name)); });
+        [&] { return paramlist::SetName(SignalList(), TextOrEmpty(address), TextOrEmpty(name)); });
 }
 
 int32_t ORVELL_CALL STDSIL_GetComment(const char* address, char* buffer, uint32_t size) {
@@ -160,8 +160,9 @@ int32_t ORVELL_CALL STDSIL_GetComment(const char* address, char* buffer, uint32_
 }
 
 int32_t ORVELL_CALL STDSIL_SetComment(const char* address, const char* comment) {
-    return GuardedTruth(
-        [&] { return paramlist::SetComment(List(), TextOrEmpty(address), TextOrEmpty(comment)); });
+    return GuardedTruth([&] {
+        return paramlist::SetComment(SignalList(), TextOrEmpty(address), TextOrEmpty(comment));
+    });
 }
 
 int32_t ORVELL_CALL STDSIL_GetValue(const char* address, void* buffer, uint32_t length,
@@ -186,15 +187,17 @@ void ORVELL_CALL STDSIL_GetWordValue(const char* address, uint16_t* value) {
 void ORVELL_CALL STDSIL_GetWordVector(const char* address, uint16_t* values, uint32_t,
                                       uint16_t* count) {
     if (values != nullptr && count != nullptr) {
-        Guarded(
-            [&] { paramlist::GetWords(List(), TextOrEmpty(address), ReadCount(count), values); });
+        Guarded([&] {
+            paramlist::GetWords(SignalList(), TextOrEmpty(address), ReadCount(count), values);
+        });
     }
 }
 
 void ORVELL_CALL STDSIL_GetFloatValue(const char* address, uint16_t* count, double* values) {
     if (values != nullptr && count != nullptr) {
-        Guarded(
-            [&] { paramlist::GetDoubles(List(), TextOrEmpty(address), ReadCount(count), values); });
+        Guarded([&] {
+            paramlist::GetDoubles(SignalList(), TextOrEmpty(address), ReadCount(count), values);
+        });
     }
 }
 
@@ -206,14 +209,16 @@ void ORVELL_CALL STDSIL_GetStringValue(void* signal) {
 
 void ORVELL_CALL STDSIL_SetTextValue(void* signal) {
     if (signal != nullptr) {
-        Guarded([&] { paramlist::SetFromText(List(), SignalAddress(signal), SignalText(signal)); });
+        Guarded([&] {
+            paramlist::SetFromText(SignalList(), SignalAddress(signal), SignalText(signal));
+        });
     }
 }
 
 void ORVELL_CALL STDSIL_GetTXValue(void* signal, uint16_t* count) {
     if (signal != nullptr && count != nullptr) {
         Guarded([&] {
-            paramlist::GetDwords(List(), SignalAddress(signal), ReadCount(count),
+            paramlist::GetDwords(SignalList(), SignalAddress(signal), ReadCount(count),
                                  static_cast<char*>(signal) + kSignalValueOffset);
         });
     }

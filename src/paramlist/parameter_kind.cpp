@@ -6,12 +6,12 @@
 namespace orvell::paramlist {
 namespace {
 
-constexpr std::uint32_t kNumbersPerBucket = 8;
+constexpr std::uint32_t kBucketNumbers = 8;
 constexpr std::uint32_t kBucketStep = 100;
 
 /// How many buckets a kind counts that holds this number.
 std::uint32_t BucketsFor(std::uint32_t number) {
-    return (number / kNumbersPerBucket / kBucketStep + 1) * kBucketStep;
+    return (number / kBucketNumbers / kBucketStep + 1) * kBucketStep;
 }
 
 bool HasFlag(const ParameterEntry& entry, std::uint32_t mask) {

@@ -9,19 +9,19 @@ namespace {
 
 constexpr char kDayFirstSeparator = '.';
 constexpr char kMonthFirstSeparator = '/';
-constexpr std::int16_t kNo = kRejected;
+constexpr std::int16_t kNone = kRejected;
 
 constexpr TransitionTable<8, 4> kDateTable = {{
     // blank digit separator other
-    {0, 1, kNo, kNo},  // 0 before the first number
-    {2, 1, 3, kNo},    // 1 in the first number
-    {2, kNo, 3, kNo},  // 2 behind the first number
-    {3, 4, kNo, kNo},  // 3 before the second number
-    {5, 4, 6, kNo},    // 4 in the second number
-    {5, kNo, 6, kNo},  // 5 behind the second number
-    {6, 7, kNo, kNo},  // 6 before the third number
-    {8, 7, 8, 8},      // 7 in the third number
-                       // 8 ended
+    {0, 1, kNone, kNone},  // 0 before the first number
+    {2, 1, 3, kNone},      // 1 in the first number
+    {2, kNone, 3, kNone},  // 2 behind the first number
+    {3, 4, kNone, kNone},  // 3 before the second number
+    {5, 4, 6, kNone},      // 4 in the second number
+    {5, kNone, 6, kNone},  // 5 behind the second number
+    {6, 7, kNone, kNone},  // 6 before the third number
+    {8, 7, 8, 8},          // 7 in the third number
+                           // 8 ended
 }};
 
 std::optional<DateReading> ReadDateWith(std::string_view text, char separator) {

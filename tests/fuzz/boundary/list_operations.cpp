@@ -140,7 +140,7 @@ void GetSignalInfo(Session& session, Program& program) {
     RequireSame(comment.Bytes(), expectedComment, "the whole comment is given");
 }
 
-constexpr std::array kOperations = {
+constexpr std::array kListOperations = {
     Operation{'B', BuildOrClear},
     Operation{'Z', Clear},
     Operation{'U', BeginUpdate},
@@ -161,7 +161,7 @@ constexpr std::array kOperations = {
 }  // namespace
 
 std::span<const Operation> ListOperations() {
-    return kOperations;
+    return kListOperations;
 }
 
 }  // namespace orvell::fuzz

@@ -237,7 +237,7 @@ void GetValueInForm(Session& session, Program& program) {
     RequireSame(buffer.Bytes(), expected, "a value is given as its form says");
 }
 
-constexpr std::array kOperations = {
+constexpr std::array kValueOperations = {
     Operation{'b', SetBit},         Operation{'w', SetWordValue},   Operation{'f', SetFloat},
     Operation{'x', SetDwordValue},  Operation{'t', SetTextValue},   Operation{'e', SetTextBySlot},
     Operation{'s', SetValueInForm}, Operation{'g', GetValueInForm},
@@ -246,7 +246,7 @@ constexpr std::array kOperations = {
 }  // namespace
 
 std::span<const Operation> ValueOperations() {
-    return kOperations;
+    return kValueOperations;
 }
 
 }  // namespace orvell::fuzz

@@ -179,7 +179,7 @@ void GetSignalVector(Session& session, Program& program) {
     RequireSame(signal.Bytes(), expected, "a signal takes consecutive values");
 }
 
-constexpr std::array kOperations = {
+constexpr std::array kVectorOperations = {
     Operation{'v', FillDoubles}, Operation{'G', GetWords},        Operation{'W', GetWord},
     Operation{'F', GetDoubles},  Operation{'k', SetSignalText},   Operation{'K', GetSignalText},
     Operation{'y', FillSignal},  Operation{'Y', GetSignalVector},
@@ -188,7 +188,7 @@ constexpr std::array kOperations = {
 }  // namespace
 
 std::span<const Operation> VectorOperations() {
-    return kOperations;
+    return kVectorOperations;
 }
 
 }  // namespace orvell::fuzz

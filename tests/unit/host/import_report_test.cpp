@@ -27,13 +27,13 @@ struct Line {
 std::vector<std::string> lookedUp;
 std::vector<Line> lines;
 
-std::int32_t ORVELL_CALL Lookup(const char* name) {
+std::int32_t ORVELL_CALL RecordLookup(const char* name) {
     lookedUp.emplace_back(name);
     return 3;
 }
 
-std::int32_t ORVELL_CALL Append(std::int32_t page, const char* line, std::uint32_t color,
-                                std::int32_t emphasis) {
+std::int32_t ORVELL_CALL RecordLine(std::int32_t page, const char* line, std::uint32_t color,
+                                    std::int32_t emphasis) {
     lines.push_back({page, line, color, emphasis});
     return 42;
 }
@@ -54,7 +54,8 @@ class ImportReportTest : public testing::Test {
     ImportReportTest() {
         lookedUp.clear();
         lines.clear();
-        const HostExportTable table{sizeof(HostExportTable), Lookup, Append, nullptr, nullptr};
+        const HostExportTable table{sizeof(HostExportTable), RecordLookup, RecordLine, nullptr,
+                                    nullptr};
         callbacks.Install(&table);
     }
 
@@ -138,7 +139,7 @@ TEST_F(ImportReportTest, MissingCallbacksAreNotCalled) {
     EXPECT_EQ(report.Warning(StringId::WarningLineFormat, 1, std::nullopt), 0);
     EXPECT_EQ(report.End(0), 0);
 
-    const HostExportTable lookupOnly{8, Lookup, Append, nullptr, nullptr};
+    const HostExportTable lookupOnly{8, RecordLookup, RecordLine, nullptr, nullptr};
     callbacks.Install(&lookupOnly);
     EXPECT_EQ(report.Start("a"), 0);
     EXPECT_EQ(lookedUp.size(), 1U) << "the page is looked up although nothing can be appended";

@@ -86,7 +86,7 @@ struct Step {
     std::size_t next;
 };
 
-struct Row {
+struct CsvRow {
     std::size_t state;
     Step onSeparator;
     Step onQuote;  ///< as the first character of a plain field
@@ -98,7 +98,7 @@ constexpr Report kNone = Report::None;
 constexpr Report kTake = Report::Take;
 constexpr Report kFormat = Report::Format;
 
-const Row kRows[] = {
+const CsvRow kCsvRows[] = {
     {0, {Report::Open, 2}, {kNone, 0}, {kNone, 0}, {kNone, 0}},
     {1, {kNone, 1}, {kNone, 1}, {kNone, 0}, {kNone, 1}},
     {2, {kNone, 5}, {kNone, 3}, {kFormat, 0}, {kNone, 2}},
@@ -121,7 +121,7 @@ Report ReportOf(const std::string& event) {
                             : (kind.starts_with("open") ? Report::Open : Report::Take);
 }
 
-class CsvFileRow : public testing::TestWithParam<Row> {};
+class CsvFileRow : public testing::TestWithParam<CsvRow> {};
 
 /// A plain field that has begun differs from an empty one in what a quotation mark means.
 bool IsPlainField(std::size_t state) {
@@ -129,7 +129,7 @@ bool IsPlainField(std::size_t state) {
 }
 
 TEST_P(CsvFileRow, LeadsWhereItsTableSays) {
-    const Row& row = GetParam();
+    const CsvRow& row = GetParam();
     const std::string& before = kBefore[row.state];
     const auto expectStep = [&](char character, const Step& step) {
         const std::string text = before + character;
@@ -152,7 +152,7 @@ TEST_P(CsvFileRow, LeadsWhereItsTableSays) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(State, CsvFileRow, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(State, CsvFileRow, testing::ValuesIn(kCsvRows),
                          [](const auto& row) { return std::to_string(row.param.state); });
 
 TEST(CsvFileMachine, ItsStatesCanBeToldApart) {

@@ -8,7 +8,7 @@ namespace {
 
 using resources::StringId;
 
-const std::string kHead = "Version:;Zelkor 7.1.0.0\r\nProjekt:;\r\n\r\n";
+const std::string kCsvHead = "Version:;Zelkor 7.1.0.0\r\nProjekt:;\r\n\r\n";
 const std::string kColumns = "Adresse;Bezeichnung;Wert;;Kommentar\r\n";
 
 class CsvFileWriterTest : public test::ListFixture {
@@ -132,14 +132,14 @@ TEST_F(CsvFileWriterTest, UndefinedValuesKeepTheirColumns) {
 
 TEST_F(CsvFileWriterTest, ATimeWithoutADayHasAnEmptyFirstColumn) {
     Add("OLEDTPARA1", "", "", "0.5");
-    EXPECT_EQ(Written(), kHead + "Liste der OLEDTPARA\r\n" + kColumns +
+    EXPECT_EQ(Written(), kCsvHead + "Liste der OLEDTPARA\r\n" + kColumns +
                              "OLEDTPARA1;\"\";\"\";\"12:00:00;000\";\"\"\r\n\r\n");
 }
 
 TEST_F(CsvFileWriterTest, EmptyTextsAndUndefinedOnesLookAlike) {
     Add("PT1", "\"", ";", "");
     Add("PT2", "%%", "a\tb@", " \" ");
-    EXPECT_EQ(Written(), kHead + "Liste der PT\r\n" + kColumns +
+    EXPECT_EQ(Written(), kCsvHead + "Liste der PT\r\n" + kColumns +
                              "PT1;\"\"\"\";\"\";;\";\"\r\n"
                              "PT2;\"%%\";\" \"\" \";;\"a\tb@\"\r\n"
                              "\r\n");
@@ -150,7 +150,7 @@ TEST_F(CsvFileWriterTest, OrdersByNumberAndEqualNumbersByAge) {
     for (const std::uint32_t number : {40000U, 5U, 12345U, 5U}) {
         words.Obtain(number, true).Value().Store(static_cast<std::int16_t>(words.EntryCount()));
     }
-    EXPECT_EQ(Written(), kHead + "Liste der PW\r\n" + kColumns +
+    EXPECT_EQ(Written(), kCsvHead + "Liste der PW\r\n" + kColumns +
                              "PW5;\"\";2;;\"\"\r\n"
                              "PW5;\"\";4;;\"\"\r\n"
                              "PW12345;\"\";3;;\"\"\r\n"
@@ -176,7 +176,8 @@ TEST_F(CsvFileWriterTest, AKindWithoutHandlerHasNoValuesAndNoBits) {
     source.Change(static_cast<StringId>(315), "Liste der NEU\n");
     list.BuildKinds(16);
     list.FindKind("NEU")->Obtain(9, false).Value().Store(std::uint8_t{1});
-    EXPECT_EQ(Written(), kHead + "Liste der NEU\r\n" + kColumns + "NEU9;\"\";;;\"\"\r\n" + "\r\n");
+    EXPECT_EQ(Written(),
+              kCsvHead + "Liste der NEU\r\n" + kColumns + "NEU9;\"\";;;\"\"\r\n" + "\r\n");
 }
 
 TEST_F(CsvFileWriterTest, AKeywordThatNoKindHasIsLeftOut) {
@@ -187,7 +188,8 @@ TEST_F(CsvFileWriterTest, AKeywordThatNoKindHasIsLeftOut) {
     const resources::StringTable changed(others);
     test::MemorySink sink;
     EXPECT_TRUE(WriteCsvFile(list, changed, sink));
-    EXPECT_EQ(sink.text, kHead + "Liste der PL\r\n" + kColumns + "PL1;\"\";2;;\"\"\r\n" + "\r\n");
+    EXPECT_EQ(sink.text,
+              kCsvHead + "Liste der PL\r\n" + kColumns + "PL1;\"\";2;;\"\"\r\n" + "\r\n");
 }
 
 }  // namespace

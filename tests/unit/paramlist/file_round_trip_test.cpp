@@ -12,7 +12,7 @@
 namespace orvell::paramlist {
 namespace {
 
-constexpr std::uint32_t kEntryCount = 3000;
+constexpr std::uint32_t kRoundTripEntryCount = 3000;
 
 class FileRoundTrip : public test::CsvImportFixture,
                       public testing::WithParamInterface<std::uint32_t> {
@@ -51,7 +51,7 @@ class FileRoundTrip : public test::CsvImportFixture,
 INSTANTIATE_TEST_SUITE_P(Seeds, FileRoundTrip, testing::Values(1, 20, 300));
 
 TEST_P(FileRoundTrip, AListFileGivesTheSameList) {
-    test::FillList(list, kEntryCount, GetParam());
+    test::FillList(list, kRoundTripEntryCount, GetParam());
     const std::string written = ListFile(list);
     ReadListFileInto(other, written);
     EXPECT_EQ(Everything(other), Everything(list));
@@ -59,7 +59,7 @@ TEST_P(FileRoundTrip, AListFileGivesTheSameList) {
 }
 
 TEST_P(FileRoundTrip, ACsvFileGivesTheSameList) {
-    test::FillList(list, kEntryCount, GetParam());
+    test::FillList(list, kRoundTripEntryCount, GetParam());
     const std::string written = CsvFile(list);
     CopyNumbers();
     EXPECT_EQ(Read(other, written), std::vector<std::string>());
@@ -68,7 +68,7 @@ TEST_P(FileRoundTrip, ACsvFileGivesTheSameList) {
 }
 
 TEST_P(FileRoundTrip, ACsvFileReplacesEverything) {
-    test::FillList(list, kEntryCount, GetParam());
+    test::FillList(list, kRoundTripEntryCount, GetParam());
     CopyNumbers();
     for (ParameterKind& kind : other.Kinds()) {
         for (const ParameterEntry* const entry : kind.EntriesInOrder()) {

@@ -12,7 +12,7 @@
 namespace orvell::paramlist {
 namespace {
 
-const std::string kRecord =
+const std::string kPlainRecord =
     " 0 PW           12 N : Soll@wert\n"
     "                   D : @-5\n"
     "                   C : %%\n";
@@ -31,20 +31,20 @@ std::string Scanned(const std::string& text) {
 }
 
 TEST(ScanWrittenRecord, FindsTheFieldsAsTheyAreWritten) {
-    EXPECT_EQ(Scanned(kRecord), "PW|12|Soll@wert|@-5|%%|");
-    EXPECT_EQ(Scanned(kRecord + kRecord), "PW|12|Soll@wert|@-5|%%|" + kRecord);
-    EXPECT_EQ(Scanned(kRecord.substr(1)), "PW|12|Soll@wert|@-5|%%|");
+    EXPECT_EQ(Scanned(kPlainRecord), "PW|12|Soll@wert|@-5|%%|");
+    EXPECT_EQ(Scanned(kPlainRecord + kPlainRecord), "PW|12|Soll@wert|@-5|%%|" + kPlainRecord);
+    EXPECT_EQ(Scanned(kPlainRecord.substr(1)), "PW|12|Soll@wert|@-5|%%|");
     EXPECT_EQ(Scanned(" 0 INT64PARAMETER 4294967297 N : n\n                   D : \xFF\r\n"
                       "                   C : a,b\n 2"),
               "INT64PARAMETER|1|n|\xFF\r|a,b| 2");
 }
 
 TEST(ScanWrittenRecord, LeavesEveryOtherLayoutToTheMachine) {
-    for (std::size_t length = 0; length < kRecord.size(); ++length) {
-        EXPECT_EQ(Scanned(kRecord.substr(0, length)), "none") << length;
+    for (std::size_t length = 0; length < kPlainRecord.size(); ++length) {
+        EXPECT_EQ(Scanned(kPlainRecord.substr(0, length)), "none") << length;
     }
-    for (std::size_t place = 0; place < kRecord.size(); ++place) {
-        std::string text = kRecord;
+    for (std::size_t place = 0; place < kPlainRecord.size(); ++place) {
+        std::string text = kPlainRecord;
         if (text[place] == ' ') {
             text[place] = '\t';
             EXPECT_EQ(Scanned(text), "none") << place;
@@ -53,8 +53,8 @@ TEST(ScanWrittenRecord, LeavesEveryOtherLayoutToTheMachine) {
             EXPECT_EQ(Scanned(text), "none") << place;
         }
     }
-    EXPECT_EQ(Scanned(" 1" + kRecord.substr(2)), "none");
-    EXPECT_EQ(Scanned("\n" + kRecord), "none");
+    EXPECT_EQ(Scanned(" 1" + kPlainRecord.substr(2)), "none");
+    EXPECT_EQ(Scanned("\n" + kPlainRecord), "none");
     EXPECT_EQ(Scanned(" 0 PW x12 N : n\n                   D : v\n                   C : c\n"),
               "none");
     EXPECT_EQ(Scanned(" 0 PW 12 N : \n                   D : v\n                   C : c\n"),
@@ -95,7 +95,7 @@ std::string DamagedRecords(std::mt19937& random) {
     constexpr std::string_view kCharacters = " \t\n\r@0123NDC:x\xFF";
     std::string text;
     for (int count = 0; count < 6; ++count) {
-        text += kRecord;
+        text += kPlainRecord;
     }
     for (std::uint32_t damage = random() % 6; damage > 0; --damage) {
         const std::size_t place = random() % text.size();

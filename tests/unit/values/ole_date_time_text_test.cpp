@@ -11,24 +11,22 @@
 namespace orvell::values {
 namespace {
 
-constexpr DateFormatCode kDayFirst = DateFormatCode::DayFirst;
-constexpr DateFormatCode kMonthFirst = DateFormatCode::MonthFirst;
 constexpr double kLastSerial = 2958465.9999999884;
 constexpr double kMillisecond = 1.0 / 86400000.0;
 
-std::string Printed(double serial, DateFormatCode format = kDayFirst) {
+std::string Printed(double serial, DateFormatCode format = DateFormatCode::DayFirst) {
     std::string text;
     AppendOleDateTime(text, serial, format);
     return text;
 }
 
-double Read(std::string_view text, DateFormatCode format = kDayFirst) {
+double Read(std::string_view text, DateFormatCode format = DateFormatCode::DayFirst) {
     return ReadOleDateTime(text, format);
 }
 
 TEST(AppendOleDateTime, PrintsDateAndTime) {
     EXPECT_EQ(Printed(36526.75), "01.01.2000 18:00:00,000");
-    EXPECT_EQ(Printed(36526.75, kMonthFirst), "01/01/2000 18:00:00,000");
+    EXPECT_EQ(Printed(36526.75, DateFormatCode::MonthFirst), "01/01/2000 18:00:00,000");
     EXPECT_EQ(Printed(36526.75, DateFormatCode::None), "01.01.2000 18:00:00,000");
     EXPECT_EQ(Printed(2.0), "01.01.1900 00:00:00,000");
     EXPECT_EQ(Printed(60.0), "28.02.1900 00:00:00,000");
@@ -68,17 +66,17 @@ TEST(AppendOleDateTime, LeavesTheHour24OfTheDayAsItIs) {
 }
 
 TEST(AppendOleDateTime, LimitsWhatCannotBeShown) {
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    constexpr double kInfiniteSerial = std::numeric_limits<double>::infinity();
     const std::string last = "31.12.9999 23:59:59,999";
     const std::string first = "01.01.0100 00:00:00,000";
     EXPECT_EQ(Printed(kLastSerial), last);
     EXPECT_EQ(Printed(2958466.0), last);
     EXPECT_EQ(Printed(1e300), last);
-    EXPECT_EQ(Printed(kInfinity), last);
+    EXPECT_EQ(Printed(kInfiniteSerial), last);
     EXPECT_EQ(Printed(-657434.0), first);
     EXPECT_EQ(Printed(-657435.0), first);
     EXPECT_EQ(Printed(-1e300), first);
-    EXPECT_EQ(Printed(-kInfinity), first);
+    EXPECT_EQ(Printed(-kInfiniteSerial), first);
     EXPECT_EQ(Printed(-657434.75), "01.01.0100 18:00:00,000");
     EXPECT_EQ(Printed(std::numeric_limits<double>::quiet_NaN()), "00:00:00,000");
     EXPECT_EQ(Printed(-std::numeric_limits<double>::quiet_NaN()), "00:00:00,000");
@@ -101,9 +99,9 @@ TEST(ReadOleDateTime, SubtractsTheTimeFromANegativeSerial) {
 }
 
 TEST(ReadOleDateTime, TakesBothOrders) {
-    EXPECT_EQ(Read("02/01/2000", kDayFirst), 36557.0);
-    EXPECT_EQ(Read("02.01.2000", kMonthFirst), 36527.0);
-    EXPECT_EQ(Read("12.24.2020", kMonthFirst), Read("12.12.2021"));
+    EXPECT_EQ(Read("02/01/2000", DateFormatCode::DayFirst), 36557.0);
+    EXPECT_EQ(Read("02.01.2000", DateFormatCode::MonthFirst), 36527.0);
+    EXPECT_EQ(Read("12.24.2020", DateFormatCode::MonthFirst), Read("12.12.2021"));
 }
 
 TEST(ReadOleDateTime, CountsMillisecondsAsTheyStand) {

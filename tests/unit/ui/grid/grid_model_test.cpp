@@ -13,7 +13,7 @@
 namespace orvell::ui {
 namespace {
 
-constexpr int kHighest = std::numeric_limits<int>::max();
+constexpr int kHighestPlace = std::numeric_limits<int>::max();
 
 using test::FilledModel;
 
@@ -139,16 +139,16 @@ TEST(GridModel, ChangesTheNumberOfRows) {
 TEST(GridModel, RefusesMoreCellsThanCanBeNumbered) {
     GridModel model;
     model.SetColumnCount(2);
-    model.SetRowCount(kHighest / 2 + 1);
+    model.SetRowCount(kHighestPlace / 2 + 1);
     EXPECT_EQ(model.GetRowCount(), 0);
     model.SetRowCount(3);
-    model.SetColumnCount(kHighest);
+    model.SetColumnCount(kHighestPlace);
     EXPECT_EQ(model.GetColumnCount(), 2);
 }
 
 TEST(GridModel, TakesAnyPlaceOutside) {
     GridModel model = FilledModel(1);
-    const int places[][2] = {{-1, 0}, {0, -1}, {2, 0}, {0, 2}, {kHighest, kHighest}};
+    const int places[][2] = {{-1, 0}, {0, -1}, {2, 0}, {0, 2}, {kHighestPlace, kHighestPlace}};
     for (const auto& [row, column] : places) {
         model.SetItemText(row, column, "lost");
         model.SetItemData(row, column, 1);

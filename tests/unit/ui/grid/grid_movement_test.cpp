@@ -10,7 +10,7 @@ namespace {
 using Position = GridPosition;
 
 /// Rows 1 to 20, columns 1 to 3.
-constexpr GridRange kRange = {
+constexpr GridRange kMovementRange = {
     .firstRow = 1, .endRow = 21, .firstColumn = 1, .endColumn = 4, .pageRows = 5};
 
 struct Step {
@@ -23,7 +23,7 @@ class GridMovementTest : public testing::TestWithParam<Step> {};
 
 TEST_P(GridMovementTest, Leads) {
     const Step& step = GetParam();
-    EXPECT_EQ(Moved(step.from, step.movement, kRange), step.to);
+    EXPECT_EQ(Moved(step.from, step.movement, kMovementRange), step.to);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -46,8 +46,8 @@ INSTANTIATE_TEST_SUITE_P(
         Step{GridMovement::Previous, {1, 1}, {1, 1}}));
 
 TEST(GridMovement, BeginsAtTheNearestCell) {
-    EXPECT_EQ(Moved({}, GridMovement::Down, kRange), (Position{2, 1}));
-    EXPECT_EQ(Moved({100, 100}, GridMovement::Up, kRange), (Position{19, 3}));
+    EXPECT_EQ(Moved({}, GridMovement::Down, kMovementRange), (Position{2, 1}));
+    EXPECT_EQ(Moved({100, 100}, GridMovement::Up, kMovementRange), (Position{19, 3}));
 }
 
 TEST(GridMovement, LeadsNowhereWithoutCells) {
@@ -58,7 +58,7 @@ TEST(GridMovement, LeadsNowhereWithoutCells) {
 }
 
 TEST(GridMovement, HugePagesEndAtTheEdges) {
-    GridRange range = kRange;
+    GridRange range = kMovementRange;
     range.pageRows = std::numeric_limits<int>::max();
     EXPECT_EQ(Moved({12, 2}, GridMovement::PageDown, range), (Position{20, 2}));
     EXPECT_EQ(Moved({12, 2}, GridMovement::PageUp, range), (Position{1, 2}));

@@ -7,13 +7,13 @@ namespace {
 
 using Position = GridPosition;
 
-constexpr GridRange kRange = {
+constexpr GridRange kSelectionRange = {
     .firstRow = 1, .endRow = 21, .firstColumn = 1, .endColumn = 4, .pageRows = 5};
 constexpr GridRange kNothing = {.firstRow = 1, .endRow = 1, .firstColumn = 1, .endColumn = 2};
 
 GridSelection At(Position position) {
     GridSelection selection;
-    selection.MoveTo(position, kRange);
+    selection.MoveTo(position, kSelectionRange);
     return selection;
 }
 
@@ -33,20 +33,20 @@ TEST(GridSelection, MovesAmongTheValueCellsOnly) {
 
 TEST(GridSelection, ExtendsDownAndUp) {
     GridSelection selection = At({5, 2});
-    selection.Move(GridMovement::Down, true, kRange);
-    selection.Move(GridMovement::Down, true, kRange);
+    selection.Move(GridMovement::Down, true, kSelectionRange);
+    selection.Move(GridMovement::Down, true, kSelectionRange);
     EXPECT_TRUE(selection.IsRange());
     EXPECT_EQ(selection.Current(), (Position{7, 2}));
     EXPECT_EQ(selection.FirstRow(), 5);
     EXPECT_EQ(selection.LastRow(), 7);
-    selection.Move(GridMovement::FirstRow, true, kRange);
+    selection.Move(GridMovement::FirstRow, true, kSelectionRange);
     EXPECT_EQ(selection.FirstRow(), 1);
     EXPECT_EQ(selection.LastRow(), 5);
 }
 
 TEST(GridSelection, ContainsTheRangeInItsColumn) {
     GridSelection selection = At({5, 2});
-    selection.ExtendTo(8, kRange);
+    selection.ExtendTo(8, kSelectionRange);
     EXPECT_TRUE(selection.Contains({5, 2}));
     EXPECT_TRUE(selection.Contains({8, 2}));
     EXPECT_FALSE(selection.Contains({4, 2}));
@@ -56,31 +56,31 @@ TEST(GridSelection, ContainsTheRangeInItsColumn) {
 
 TEST(GridSelection, AStepWithoutShiftGivesTheRangeUp) {
     GridSelection selection = At({5, 2});
-    selection.ExtendTo(8, kRange);
-    selection.Move(GridMovement::Down, false, kRange);
+    selection.ExtendTo(8, kSelectionRange);
+    selection.Move(GridMovement::Down, false, kSelectionRange);
     EXPECT_FALSE(selection.IsRange());
     EXPECT_EQ(selection.Current(), (Position{9, 2}));
 }
 
 TEST(GridSelection, AStepAsideGivesTheRangeUp) {
     GridSelection selection = At({5, 2});
-    selection.ExtendTo(8, kRange);
-    selection.Move(GridMovement::Left, true, kRange);
+    selection.ExtendTo(8, kSelectionRange);
+    selection.Move(GridMovement::Left, true, kSelectionRange);
     EXPECT_FALSE(selection.IsRange());
     EXPECT_EQ(selection.Current(), (Position{8, 1}));
 }
 
 TEST(GridSelection, AStepAsideAtTheEdgeKeepsTheRange) {
     GridSelection selection = At({5, 1});
-    selection.ExtendTo(8, kRange);
-    selection.Move(GridMovement::Left, true, kRange);
+    selection.ExtendTo(8, kSelectionRange);
+    selection.Move(GridMovement::Left, true, kSelectionRange);
     EXPECT_TRUE(selection.IsRange());
 }
 
 TEST(GridSelection, StaysWithinWhatIsLeft) {
     GridSelection selection = At({18, 3});
-    selection.ExtendTo(20, kRange);
-    GridRange fewer = kRange;
+    selection.ExtendTo(20, kSelectionRange);
+    GridRange fewer = kSelectionRange;
     fewer.endRow = 19;
     fewer.endColumn = 3;
     selection.KeepWithin(fewer);
@@ -93,14 +93,14 @@ TEST(GridSelection, StaysWithinWhatIsLeft) {
 
 TEST(GridSelection, TheFirstCellBecomesCurrentWhenNoneWas) {
     GridSelection selection;
-    selection.KeepWithin(kRange);
+    selection.KeepWithin(kSelectionRange);
     EXPECT_EQ(selection.Current(), (Position{1, 1}));
     EXPECT_FALSE(selection.IsRange());
 }
 
 TEST(GridSelection, ExtendingWithoutACurrentCellBeginsAtTheFirst) {
     GridSelection selection;
-    selection.ExtendTo(4, kRange);
+    selection.ExtendTo(4, kSelectionRange);
     EXPECT_EQ(selection.FirstRow(), 1);
     EXPECT_EQ(selection.LastRow(), 4);
 }
