@@ -1,13 +1,10 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
-#include <string_view>
 
 namespace orvell::exhaustive {
 
-// Decimal texts of floating-point numbers and back, exactly. All of it is integer arithmetic, which
+// Floating-point numbers in decimal and back, exactly. All of it is integer arithmetic, which
 // neither a locale nor the precision of the x87 unit can touch: it may run beside the code that is
 // checked. Wide products with known error decide nearly all numbers; the rest is computed with as
 // many digits as it takes.
@@ -42,38 +39,5 @@ enum class Effort { WhereNeeded, Always };
 
 /// Bits of the double with the same value as the single.
 [[nodiscard]] std::uint64_t WidenToDouble(std::uint32_t floatBits);
-
-/// What "%.<digitCount>g" prints for a double (C11 7.21.6.1), and what that text is worth.
-class GeneralPrint {
-  public:
-    GeneralPrint(std::uint64_t doubleBits, int digitCount);
-
-    [[nodiscard]] std::string_view Text() const { return {text_.data(), length_}; }
-
-    /// True for "inf", "-inf" and "nan".
-    [[nodiscard]] bool IsWord() const { return isWord_; }
-
-    /// Bits of the double nearest to the number that the text spells; not for words.
-    [[nodiscard]] std::uint64_t ReadBack() const;
-
-    /// Whether both have the same text.
-    [[nodiscard]] bool operator==(const GeneralPrint& other) const {
-        return decimal_ == other.decimal_ && isNegative_ == other.isNegative_ &&
-               isWord_ == other.isWord_;
-    }
-
-  private:
-    void Append(char character) { text_[length_++] = character; }
-    void AppendWord(std::string_view word);
-    void AppendDecimal(int digitCount);
-    void AppendFixed(const char* digits, int count, int magnitude);
-    void AppendExponential(const char* digits, int count, int magnitude);
-
-    std::array<char, 32> text_;
-    std::size_t length_ = 0;
-    Decimal decimal_ = {0, 0};
-    bool isNegative_;
-    bool isWord_ = false;
-};
 
 }  // namespace orvell::exhaustive

@@ -7,6 +7,7 @@
 #include <fstream>
 
 #include "exhaustive/decimal_reference.h"
+#include "exhaustive/general_print.h"
 #include "exhaustive/random_doubles.h"
 #include "paramlist/value_type_handler_set.h"
 

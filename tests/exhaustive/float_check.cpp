@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "exhaustive/decimal_reference.h"
+#include "exhaustive/general_print.h"
 
 namespace orvell::exhaustive {
 namespace {

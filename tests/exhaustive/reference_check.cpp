@@ -4,6 +4,7 @@
 
 #include "exhaustive/decimal_reference.h"
 #include "exhaustive/double_checks.h"
+#include "exhaustive/general_print.h"
 #include "exhaustive/random_doubles.h"
 
 namespace orvell::exhaustive {
