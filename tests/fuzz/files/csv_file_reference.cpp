@@ -16,9 +16,9 @@ enum class Part { Plain, Quoted, Behind };
 /// Fields behind the address.
 enum Field { kName, kValue, kSecondValue, kComment, kFieldCount };
 
-class Reader {
+class CsvFileLines {
   public:
-    explicit Reader(ReferenceList& list) : list_(list) {}
+    explicit CsvFileLines(ReferenceList& list) : list_(list) {}
 
     void Read(char character) {
         if (character == '\n') {
@@ -171,7 +171,7 @@ void RequireEqual(const PlainWarnings& found, const PlainWarnings& expected, con
 }
 
 PlainWarnings ReadCsvFileByReference(ReferenceList& list, std::string_view bytes) {
-    Reader reader(list);
+    CsvFileLines reader(list);
     for (const char character : InTextMode(bytes)) {
         reader.Read(character);
     }

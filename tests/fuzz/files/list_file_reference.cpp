@@ -8,9 +8,9 @@ namespace {
 using paramlist::ListFileScope;
 using paramlist::ParameterEntry;
 
-class Reader {
+class ListFileStates {
   public:
-    Reader(ReferenceList& list, ListFileScope scope) : list_(list), scope_(scope) {}
+    ListFileStates(ReferenceList& list, ListFileScope scope) : list_(list), scope_(scope) {}
 
     void Read(char character) {
         if (character == ' ' || character == '\t') {
@@ -162,7 +162,7 @@ class Reader {
 }  // namespace
 
 bool ReadListFileByReference(ReferenceList& list, std::string_view bytes, ListFileScope scope) {
-    Reader reader(list, scope);
+    ListFileStates reader(list, scope);
     for (const char character : InTextMode(bytes)) {
         reader.Read(character);
     }
