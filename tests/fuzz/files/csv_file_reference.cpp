@@ -130,7 +130,7 @@ class CsvFileLines {
         entry_->comment = TextFromFile(texts_[kComment], ParameterEntry::kMaximumCommentLength);
         const std::string& second = texts_[kSecondValue];
         const std::string value = second.empty() ? texts_[kValue] : texts_[kValue] + ' ' + second;
-        if (!SetValue(*entry_, &paramlist::ValueTypeHandler::SetFromCsvText, value)) {
+        if (!SetFromCsvText(*entry_, value)) {
             Warn(2004);
         }
     }

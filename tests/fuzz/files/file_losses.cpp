@@ -174,7 +174,9 @@ bool IsCsvFileLasting(const PlainList& list) {
            std::ranges::none_of(list, [](const PlainEntry& entry) {
                return entry.name == "%%" || entry.comment == "%%" ||
                       (IsOfType(entry, ValueTypeCode::Text) && !TextOf(entry).empty() &&
-                       IsBlank(TextOf(entry)));
+                       IsBlank(TextOf(entry))) ||
+                      (IsOfType(entry, ValueTypeCode::OleDateTime) &&
+                       IsNearlyMidnight(NumberOf<double>(entry)));
            });
 }
 

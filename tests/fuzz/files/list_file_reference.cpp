@@ -144,7 +144,7 @@ class ListFileStates {
         if (entry != nullptr) {
             entry->name = TextFromFile(name_, ParameterEntry::kMaximumNameLength);
             entry->comment = TextFromFile(comment_, ParameterEntry::kMaximumCommentLength);
-            SetValue(*entry, &paramlist::ValueTypeHandler::SetFromListText, value_);
+            SetFromListText(*entry, value_);
         }
     }
 

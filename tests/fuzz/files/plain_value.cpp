@@ -11,15 +11,6 @@
 #include "values/ole_date_time_text.h"
 
 namespace orvell::fuzz {
-namespace {
-
-/// Days on a straight line: in a serial, times of day run away from 0.
-double MomentOf(double serial) {
-    const double day = std::trunc(serial);
-    return day + std::abs(serial - day);
-}
-
-}  // namespace
 
 std::string_view TextOf(const PlainEntry& entry) {
     const std::string_view text = entry.value;
@@ -44,12 +35,19 @@ double InMilliseconds(double serial) {
     std::string text;
     values::AppendOleDateTime(text, serial, DateFormatCode::DayFirst);
     const double read = values::ReadOleDateTime(text, DateFormatCode::DayFirst);
-    // Half a millisecond, and what doubles of this size cannot tell apart.
+    // Half a millisecond, and what doubles of this size cannot tell apart. Signs are left out: that
+    // of a time of day without a date does not count.
     constexpr double kTolerance = 0.55 / 86'400'000;
     const bool isShown = serial >= values::kFirstSerialDay && serial <= values::kLastSerialDay;
-    Require(!isShown || std::abs(MomentOf(read) - MomentOf(serial)) <= kTolerance,
+    Require(!isShown || std::abs(std::abs(read) - std::abs(serial)) <= kTolerance,
             "dates lose no more than what is below a millisecond");
     return read;
+}
+
+bool IsNearlyMidnight(double serial) {
+    constexpr double kJustBeforeMidnight = 86'399'999.4 / 86'400'000;
+    const double days = std::abs(serial);
+    return std::isfinite(days) && days - std::floor(days) > kJustBeforeMidnight;
 }
 
 }  // namespace orvell::fuzz

@@ -31,4 +31,8 @@ void StoreNumber(PlainEntry& entry, Number number) {
 /// An OLE automation date to whole milliseconds, within the dates that can be shown.
 [[nodiscard]] double InMilliseconds(double serial);
 
+/// True when a date's time of day is perhaps rounded up to 24:00, which is read as the next day's
+/// 00:00.
+[[nodiscard]] bool IsNearlyMidnight(double serial);
+
 }  // namespace orvell::fuzz

@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "fuzz/files/plain_list.h"
-#include "paramlist/value_texts.h"
 
 namespace orvell::fuzz {
 
@@ -27,13 +26,10 @@ class ReferenceList {
     std::multimap<std::pair<std::string, std::uint32_t>, PlainEntry> entries_;
 };
 
-using ValueSetter = bool (paramlist::ValueTypeHandler::*)(paramlist::ParameterValue&,
-                                                          std::string_view,
-                                                          const paramlist::ValueTexts&) const;
-
-/// Sets the entry's value by its handler, as which the product's own serves: readers are compared
-/// here, not readings of numbers. The result is the handler's.
-bool SetValue(PlainEntry& entry, ValueSetter setter, std::string_view text);
+/// Set the entry's value from the text in a file by the product's own handler, which must agree
+/// with the reference where that knows the text. The result is the handler's.
+bool SetFromListText(PlainEntry& entry, std::string_view text);
+bool SetFromCsvText(PlainEntry& entry, std::string_view text);
 
 /// A text file as a program sees it on Windows: single line feeds, byte 26 being the end.
 [[nodiscard]] std::string InTextMode(std::string_view bytes);
