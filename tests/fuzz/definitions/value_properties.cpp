@@ -1,87 +1,24 @@
 #include "fuzz/definitions/value_properties.h"
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
+#include "fuzz/definitions/value_leaves.h"
 #include "fuzz/require.h"
 #include "host/value_gathering.h"
+#include "memstruct/value_walk.h"
 
 namespace orvell::fuzz {
 
 using memstruct::MemoryStructureStore;
 using memstruct::NamedText;
 using memstruct::TypeDef;
+using memstruct::ValueWalk;
 using values::ConstValueBuffer;
 
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
-
-struct Leaf {
-    std::string path;
-    std::size_t type;
-    std::size_t offset;
-};
-
-/// The leaves of a value by plain recursion. Elements that hold no values are left out, or a
-/// definition could let the recursion go on for ever.
-class Leaves {
-  public:
-    Leaves(const DefinitionModel& model, std::size_t byteCount)
-        : model_(model), byteCount_(byteCount) {}
-
-    bool Add(std::size_t index, const std::string& path) {
-        const ModelType& type = model_.types[index];
-        if (type.isRecursive) {
-            return false;
-        }
-        if (!type.IsStructured()) {
-            list_.push_back({path, index, position_});
-            if (type.storedSize > byteCount_ - position_) {
-                return false;
-            }
-            position_ += type.storedSize;
-            return true;
-        }
-        return std::all_of(type.items.begin(), type.items.end(),
-                           [&](const ModelItem& item) { return AddItem(item, path); });
-    }
-
-    bool AddVector(std::size_t index, std::uint32_t count) {
-        if (model_.types[index].isRecursive) {
-            return false;
-        }
-        for (std::uint32_t i = 0; i < count && model_.types[index].holdsValues; ++i) {
-            if (!Add(index, '[' + std::to_string(i) + ']')) {
-                return false;
-            }
-        }
-        return true;
-    }
-
-    [[nodiscard]] const std::vector<Leaf>& List() const { return list_; }
-
-  private:
-    bool AddItem(const ModelItem& item, const std::string& path) {
-        if (!item.type || !model_.types[*item.type].holdsValues) {
-            return true;
-        }
-        const std::string itemPath = path.empty() ? item.name : path + '.' + item.name;
-        for (std::uint32_t i = 0; i < item.dimension; ++i) {
-            const std::string index = '[' + std::to_string(i) + ']';
-            if (!Add(*item.type, item.dimension > 1 ? itemPath + index : itemPath)) {
-                return false;
-            }
-        }
-        return true;
-    }
-
-    const DefinitionModel& model_;
-    std::size_t byteCount_;
-    std::size_t position_ = 0;
-    std::vector<Leaf> list_;
-};
 
 /// One value or vector in all operations; `isVector` chooses the form.
 class ValueCheck {
@@ -91,6 +28,7 @@ class ValueCheck {
         : store_(store), converters_(converters), type_(type), count_(count), isVector_(isVector) {}
 
     void Run(const Bytes& bytes, const std::vector<Leaf>& leaves, bool isWhole) const {
+        CheckWalk(bytes, leaves, isWhole);
         Require(Fits(bytes) == isWhole, "a value fits when its leaves do");
         std::vector<NamedText> texts = {{"left", "over"}};
         Require(Flatten(bytes, texts) == isWhole, "a value that fits has leaves");
@@ -123,6 +61,21 @@ class ValueCheck {
 
     [[nodiscard]] values::TypeDescription TypeOf(const Leaf& leaf) const {
         return store_.Types()[leaf.type].Description();
+    }
+
+    /// The walk by itself, also to the leaf at which the bytes end.
+    void CheckWalk(const Bytes& bytes, const std::vector<Leaf>& leaves, bool isWhole) const {
+        ValueWalk walk = isVector_ ? ValueWalk::OverVector(&type_, count_, bytes.size())
+                                   : ValueWalk::OverValue(&type_, bytes.size());
+        for (const Leaf& leaf : leaves) {
+            Require(walk.ToNextLeaf() && &walk.LeafType() == &store_.Types()[leaf.type],
+                    "the walk meets all leaves");
+            Require(walk.Rest(ConstValueBuffer(bytes)).size() == bytes.size() - leaf.offset &&
+                        walk.ElementIndex() == leaf.element &&
+                        walk.ByteOffset() == leaf.offset - leaf.elementOffset,
+                    "the walk knows where it is");
+        }
+        Require(!walk.ToNextLeaf() && walk.IsComplete() == isWhole, "the walk ends as it should");
     }
 
     void CheckTexts(const Bytes& bytes, const std::vector<Leaf>& leaves,
