@@ -1,6 +1,7 @@
 #include "xmlaccess/dom_document.h"
 
 #include <cstring>
+#include <string_view>
 
 #include "xmlaccess/com_support.h"
 #include "xmlaccess/msxml_ids.h"
@@ -85,20 +86,9 @@ void RemoveDeclaration(IXMLDOMDocument2* document) {
     }
 }
 
-/// MSXML implementations differ in whether a stream gets the declared encoding, but all write
-/// UTF-8 when UTF-8 is declared.
-bool DeclareUtf8(IXMLDOMDocument2* document) {
-    RemoveDeclaration(document);
-    ComPtr<IXMLDOMNode> first;
-    document->get_firstChild(&first);
-    ComPtr<IXMLDOMProcessingInstruction> declaration;
-    return SUCCEEDED(document->createProcessingInstruction(
-               BStr(L"xml").Get(), BStr(L"version=\"1.0\" encoding=\"UTF-8\"").Get(),
-               &declaration)) &&
-           SUCCEEDED(
-               document->insertBefore(declaration.Get(), Variant(first.Get()).Get(), nullptr));
-}
+constexpr std::string_view kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
 
+/// Appends what the stream holds.
 bool CopyStream(IStream* stream, std::vector<std::byte>& bytes) {
     STATSTG statistics{};
     HGLOBAL memory = nullptr;
@@ -106,12 +96,13 @@ bool CopyStream(IStream* stream, std::vector<std::byte>& bytes) {
         FAILED(GetHGlobalFromStream(stream, &memory))) {
         return false;
     }
-    bytes.resize(static_cast<std::size_t>(statistics.cbSize.QuadPart));
+    const auto size = static_cast<std::size_t>(statistics.cbSize.QuadPart);
     const void* data = GlobalLock(memory);
     if (data == nullptr) {
         return false;
     }
-    std::memcpy(bytes.data(), data, bytes.size());
+    const auto* first = static_cast<const std::byte*>(data);
+    bytes.insert(bytes.end(), first, first + size);
     GlobalUnlock(memory);
     return true;
 }
@@ -150,10 +141,15 @@ bool ParseDomDocument(IXMLDOMDocument2* document, std::wstring_view text, std::s
     return IsAccepted(document, SUCCEEDED(result) && loaded != VARIANT_FALSE, content, reason);
 }
 
+// A document without a declaration is written in UTF-8. The declaration is put before it as bytes:
+// the MSXML of Wine keeps the memory of every document into which one has been inserted.
 bool WriteDomDocument(IXMLDOMDocument2* document, std::vector<std::byte>& bytes,
                       std::string& reason) {
+    RemoveDeclaration(document);
+    const auto declaration = std::as_bytes(std::span(kDeclaration));
+    bytes.assign(declaration.begin(), declaration.end());
     ComPtr<IStream> stream;
-    if (!DeclareUtf8(document) || FAILED(CreateStreamOnHGlobal(nullptr, TRUE, &stream)) ||
+    if (FAILED(CreateStreamOnHGlobal(nullptr, TRUE, &stream)) ||
         FAILED(document->save(Variant(stream.Get()).Get())) || !CopyStream(stream.Get(), bytes)) {
         reason = "MSXML cannot write the document.";
         return false;
