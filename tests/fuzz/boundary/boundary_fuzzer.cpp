@@ -1,24 +1,40 @@
 // The boundary's functions as sequences of calls, each of them compared with a model: results, what
 // lies in the host's buffers afterwards, and the parameter list as a whole.
 
+#include <initializer_list>
 #include <vector>
 
+#include "platform/pause.h"
 #include "session.h"
 
 namespace orvell::fuzz {
 namespace {
 
-std::vector<Operation> AllOperations() {
-    std::vector<Operation> operations;
-    for (const auto& part : {ListOperations(), ValueOperations(), VectorOperations()}) {
+using Operations = std::vector<Operation>;
+
+Operations Join(std::initializer_list<std::span<const Operation>> parts) {
+    Operations operations;
+    for (const auto& part : parts) {
         operations.insert(operations.end(), part.begin(), part.end());
     }
     return operations;
 }
 
+/// What the host may call at any time, also while a function of its own is being called.
+const Operations& CommonOperations() {
+    static const Operations operations =
+        Join({ListOperations(), ValueOperations(), VectorOperations(), DefinitionOperations(),
+              RecordOperations(), ResolveOperations()});
+    return operations;
+}
+
+const Operations& AllOperations() {
+    static const Operations operations = Join({CommonOperations(), TransferOperations()});
+    return operations;
+}
+
 /// The operation of a letter; every other byte stands for one of them too.
-const Operation& OperationOf(std::uint8_t letter) {
-    static const std::vector<Operation> operations = AllOperations();
+const Operation& OperationOf(const Operations& operations, std::uint8_t letter) {
     for (const Operation& operation : operations) {
         if (operation.letter == static_cast<char>(letter)) {
             return operation;
@@ -35,14 +51,24 @@ void Run(Program program) {
         if (letter == ' ' || letter == '\n') {
             continue;
         }
-        OperationOf(letter).run(session, program);
+        OperationOf(AllOperations(), letter).run(session, program);
         session.ExpectMessages(0);
     }
     session.CompareList();
 }
 
 }  // namespace
+
+void RunFromCallback(Session& session, Program& program) {
+    if (!program.IsAtEnd()) {
+        OperationOf(CommonOperations(), program.Byte()).run(session, program);
+    }
+}
+
 }  // namespace orvell::fuzz
+
+/// The host has no time to wait between the elements of a vector.
+void orvell::platform::Pause(std::uint32_t) {}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     orvell::fuzz::Run(orvell::fuzz::Program({data, size}));

@@ -58,7 +58,8 @@ void Declare(Session& session, Program& program) {
 }
 
 void SetToken(Session& session, Program& program) {
-    const auto token = static_cast<std::uint32_t>(ChooseInteger(program));
+    constexpr std::array<std::uint32_t, 4> kTokens = {0, 1, 2, 0xFFFFFFFF};
+    const std::uint32_t token = program.Pick(kTokens);
     session.management.SetCallToken(token);
     session.list.SetToken(token);
 }

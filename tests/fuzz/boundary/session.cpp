@@ -34,6 +34,9 @@ host::Module& host::TheModule() {
 namespace fuzz {
 namespace {
 
+/// A file that surely exists; what it holds is up to the XML library.
+constexpr const char* kDefinitionFile = "/proc/self/exe";
+
 /// What the list must give by ascending numbers, equal ones in the order of their insertion.
 std::vector<ModelEntry> InOrder(const ModelKind& kind) {
     std::vector<ModelEntry> entries = kind.entries;
@@ -82,12 +85,40 @@ Session::Session() {
 
 Session::~Session() {
     currentModule.reset();
+    Require(library.Complaints().empty(), "what the XML library lends is given back");
 }
 
 void Session::LoadModule() {
     currentModule = std::make_unique<host::Module>(
         host::SystemServices{loader, messages, ModuleFileName, OpenStrings});
     currentModule->strings.UseSource(Strings());
+    currentModule->store.SetDefaultPath(kDefinitionFile);
+    static const test::Symbols xmlFunctions = test::FakeXmlLibrary::Functions();
+    loader.libraries["XML.DLL"] = xmlFunctions;
+    Require(currentModule->xml.Bind(loader, "XML.DLL"), "the XML library is bound");
+}
+
+void Session::SetDefinitionFile(const std::string& text) {
+    library.files[kDefinitionFile] = text;
+}
+
+std::uint32_t Session::ChooseConfigToken(Program& program) {
+    switch (program.Choose(4)) {
+        case 0:
+            return ++newestConfigToken_;
+        case 1:
+            return configToken_;
+        default:
+            return program.Choose(4);
+    }
+}
+
+bool Session::AdmitConfig(std::uint32_t token) {
+    if (token == configToken_ || transfers_ != 0) {
+        return false;
+    }
+    configToken_ = token;
+    return true;
 }
 
 void Session::TakeManagementTable(std::uint32_t size) {

@@ -5,12 +5,14 @@
 #include <string>
 #include <string_view>
 
+#include "definition_model.h"
 #include "host/module.h"
 #include "list_model.h"
 #include "orvell/orvell.h"
 #include "program.h"
 #include "support/fake_libraries.h"
 #include "support/recorded_messages.h"
+#include "unit/memstruct/fake_xml_library.h"
 
 namespace orvell::fuzz {
 
@@ -31,6 +33,34 @@ class Session {
     /// Compares how many messages have been shown since the last call.
     void ExpectMessages(std::size_t count);
 
+    /// What the next loading of definitions finds.
+    void SetDefinitionFile(const std::string& text);
+
+    /// A new change token of the configuration slots, the last one, or another old one.
+    [[nodiscard]] std::uint32_t ChooseConfigToken(Program& program);
+
+    /// Whether a configuration slot does its work under this token.
+    [[nodiscard]] bool AdmitConfig(std::uint32_t token);
+
+    /// The area as it is defined at present; null when it is not.
+    [[nodiscard]] const ModelArea* AreaOf(std::int32_t identifier) const {
+        return areDefined ? FindArea(identifier) : nullptr;
+    }
+
+    /// While it lives a value is on its way to or from the host: the definitions must stay.
+    class Transfer {
+      public:
+        explicit Transfer(Session& session) : session_(session) { ++session_.transfers_; }
+        ~Transfer() { --session_.transfers_; }
+        Transfer(const Transfer&) = delete;
+        Transfer& operator=(const Transfer&) = delete;
+
+      private:
+        Session& session_;
+    };
+
+    bool areDefined = false;  ///< whether the areas of the model are loaded
+    test::FakeXmlLibrary library;
     test::FakeLoader loader;
     test::RecordedMessages messages;
     ListModel list;
@@ -39,6 +69,10 @@ class Session {
 
   private:
     void LoadModule();
+
+    std::uint32_t configToken_ = 0;
+    std::uint32_t newestConfigToken_ = 100;
+    int transfers_ = 0;
 };
 
 /// One kind of calls. The letter stands for it in programs.
@@ -55,6 +89,21 @@ struct Operation {
 
 /// Values of consecutive numbers, and those that lie in signals.
 [[nodiscard]] std::span<const Operation> VectorOperations();
+
+/// Definitions, and what is told of them.
+[[nodiscard]] std::span<const Operation> DefinitionOperations();
+
+/// Values in records, shown.
+[[nodiscard]] std::span<const Operation> RecordOperations();
+
+/// Values built from texts and parameters.
+[[nodiscard]] std::span<const Operation> ResolveOperations();
+
+/// Values on their way to and from the host.
+[[nodiscard]] std::span<const Operation> TransferOperations();
+
+/// One of the operations, while a function of the host is being called.
+void RunFromCallback(Session& session, Program& program);
 
 /// Compares bytes that the module has written, or left alone, with those expected.
 void RequireSame(const std::string& actual, const std::string& expected, const char* what);

@@ -1,0 +1,210 @@
+#include <array>
+
+#include "definition_model.h"
+#include "host_record.h"
+#include "require.h"
+#include "session.h"
+
+namespace orvell::fuzz {
+namespace {
+
+/// No system has files below this path.
+constexpr const char* kProject = "/dev/null/plant.prj";
+
+void Load(Session& session, Program& program) {
+    static const std::array<const char*, 4> kFiles = {kDefinitions, "<Definitions/>",
+                                                      "<Definitions", ""};
+    const char* const file = program.Pick(kFiles);
+    session.SetDefinitionFile(file);
+    HostText path(program.Choose(4) != 3 ? std::optional<std::string>(kProject) : std::nullopt);
+    HostRecord<ConfigurationRecord> record(program,
+                                           {sizeof(ConfigurationRecord), nullptr, path.Pointer()});
+    const bool hasPath = record.Understood().path != nullptr;
+    const std::uint32_t token = session.ChooseConfigToken(program);
+    session.standard.LoadStdMemConfig(record.Pointer(), token);
+    if (!session.AdmitConfig(token)) {
+        session.ExpectMessages(0);
+        return;
+    }
+    const bool isBroken = file == kFiles[2] || file == kFiles[3];
+    session.ExpectMessages(!hasPath || isBroken ? 1 : 0);
+    if (hasPath) {
+        session.areDefined = file == kDefinitions;
+    }
+}
+
+void Close(Session& session, Program& program) {
+    const std::uint32_t token = session.ChooseConfigToken(program);
+    session.standard.CloseStdMemConfig(token);
+    if (session.AdmitConfig(token)) {
+        session.areDefined = false;
+    }
+}
+
+/// The project has no definition file of its own: there is nothing to save, export or merge.
+void Copy(Session& session, Program& program) {
+    HostText path(kProject);
+    HostText directory(program.Decide() ? std::optional<std::string>("/dev/null") : std::nullopt);
+    HostRecord<ConfigurationRecord> record(program,
+                                           {sizeof(ConfigurationRecord), nullptr, path.Pointer()});
+    const std::uint32_t token = session.ChooseConfigToken(program);
+    const bool isExport = program.Choose(3) == 0;
+    if (isExport) {
+        session.standard.ExportStdMemConfig(record.Pointer(), directory.Pointer(), token);
+    } else if (program.Decide()) {
+        session.standard.MergeStdMemConfig(record.Pointer(), directory.Pointer(), token);
+    } else {
+        session.standard.SaveStdMemConfig(record.Pointer(), token);
+    }
+    const bool isAdmitted = session.AdmitConfig(token);
+    session.ExpectMessages(isAdmitted && isExport ? 1 : 0);
+}
+
+void RequireText(const char* actual, const char* expected, const char* what) {
+    Require((actual == nullptr) == (expected == nullptr), what);
+    Require(expected == nullptr || std::string(actual) == expected, what);
+}
+
+using TypeRecord = HostRecord<TypeInformationRecord>;
+
+/// A record with rubbish in all words but the first.
+template <typename Record>
+Record Rubbish() {
+    Record record;
+    std::memset(static_cast<void*>(&record), 0xA5, sizeof record);
+    return record;
+}
+
+/// The record emptied, whatever its size.
+template <typename Record>
+void RequireEmptied(HostRecord<Record>& record, Record expected) {
+    std::string bytes = BytesOf(expected);
+    bytes.resize(std::max<std::size_t>(bytes.size(), record.Size()));
+    bytes.resize(record.Size());
+    bytes.replace(0, sizeof(std::uint32_t), BytesOf(record.Size()));
+    RequireSame(record.Bytes(), bytes, "a record is emptied, as far as it reaches");
+}
+
+/// Compares a type's description, gives its texts back, and sees the record emptied.
+void RequireDescribed(Session& session, TypeRecord& record, const TypeInformationRecord& expected) {
+    const TypeInformationRecord actual = record.Understood();
+    RequireText(actual.name, record.Holds(8) ? expected.name : nullptr, "a type has its name");
+    RequireText(actual.baseTypeName, record.Holds(16) ? expected.baseTypeName : nullptr,
+                "a type has its base type's name");
+    TypeInformationRecord rest = expected;
+    rest.name = actual.name;
+    rest.baseTypeName = actual.baseTypeName;
+    RequireEmptied(record, rest);
+    const std::string before = record.Bytes();
+    session.standard.FreeStdTypeInfo(record.Pointer());
+    TypeInformationRecord emptied{};
+    RequireSame(record.Bytes(), record.With(emptied), "a released record is emptied");
+    Require(before.size() == record.Bytes().size(), "a record keeps its size");
+}
+
+TypeInformationRecord DescriptionOf(const ModelArea& area) {
+    return {sizeof(TypeInformationRecord),        area.kind,
+            const_cast<char*>(area.typeName),     area.size,
+            const_cast<char*>(area.baseTypeName), area.count};
+}
+
+/// The answer to one of the four questions after types.
+void RequireAnswer(Session& session, TypeRecord& record, std::int32_t result,
+                   const TypeInformationRecord& expected) {
+    Require(result == (expected.size != 0 ? 1 : 0), "what is defined is described");
+    RequireDescribed(session, record, expected);
+}
+
+void AskType(Session& session, Program& program) {
+    const std::int32_t identifier = ChooseArea(program);
+    TypeRecord record(program, Rubbish<TypeInformationRecord>());
+    const ModelArea* const area = session.AreaOf(identifier);
+    const std::int32_t result = session.standard.GetStdTypeInfo(identifier, record.Pointer());
+    RequireAnswer(session, record, result,
+                  area != nullptr ? DescriptionOf(*area) : TypeInformationRecord{});
+    Require(session.standard.GetStdTypeInfo(identifier, nullptr) == 0, "no record, no answer");
+    Require(session.standard.GetStdStructSize(identifier) == (area != nullptr ? area->size : 0),
+            "areas have the sizes of their types");
+}
+
+void AskStructure(Session& session, Program& program) {
+    const std::int32_t identifier = ChooseArea(program);
+    TypeRecord record(program, Rubbish<TypeInformationRecord>());
+    const ModelArea* const area = session.AreaOf(identifier);
+    const std::int32_t result = session.standard.GetStdStructInfo(identifier, record.Pointer());
+    const bool isDescribed = area != nullptr && area->kind == 3;
+    RequireAnswer(session, record, result,
+                  isDescribed ? DescriptionOf(*area) : TypeInformationRecord{});
+}
+
+std::uint32_t ChoosePosition(Program& program) {
+    constexpr std::array<std::uint32_t, 6> kPositions = {0, 1, 2, 3, 4, 0xFFFFFFFF};
+    return program.Pick(kPositions);
+}
+
+void AskEnumerator(Session& session, Program& program) {
+    const std::int32_t identifier = ChooseArea(program);
+    const std::uint32_t position = ChoosePosition(program);
+    TypeRecord record(program, Rubbish<TypeInformationRecord>());
+    const ModelArea* const area = session.AreaOf(identifier);
+    const std::int32_t result =
+        session.standard.GetStdEnumInfo(identifier, position, record.Pointer());
+    TypeInformationRecord expected{};
+    if (area != nullptr && position < area->enumerators.size()) {
+        expected = DescriptionOf(*area);
+        expected.baseTypeName = expected.name;
+        expected.name = const_cast<char*>(area->enumerators[position].name);
+        expected.count = area->enumerators[position].value;
+    }
+    RequireAnswer(session, record, result, expected);
+}
+
+TypeInformationRecord DescriptionOf(const ModelElement& element) {
+    TypeInformationRecord unknown{};
+    unknown.size = sizeof unknown;
+    unknown.name = const_cast<char*>(element.typeName);
+    return element.area != 0 ? DescriptionOf(*FindArea(element.area)) : unknown;
+}
+
+void AskElement(Session& session, Program& program) {
+    const std::int32_t identifier = ChooseArea(program);
+    ElementRecord asked = Rubbish<ElementRecord>();
+    asked.index = ChoosePosition(program);
+    HostRecord<ElementRecord> element(program, asked);
+    TypeRecord record(program, Rubbish<TypeInformationRecord>());
+    const std::uint32_t index = element.Understood().index;
+    const ModelArea* const area = session.AreaOf(identifier);
+    const std::int32_t result =
+        session.standard.GetStdStructMemberInfo(identifier, element.Pointer(), record.Pointer());
+    ElementRecord expected{};
+    expected.index = index;
+    TypeInformationRecord type{};
+    if (area != nullptr && index < area->elements.size()) {
+        const ModelElement& model = area->elements[index];
+        type = DescriptionOf(model);
+        const ElementRecord actual = element.Understood();
+        RequireText(actual.name, element.Holds(4) ? model.name : nullptr, "elements have names");
+        RequireText(actual.typeName, element.Holds(8) ? model.typeName : nullptr,
+                    "elements have types");
+        expected = {sizeof expected, actual.name,  actual.typeName, index,
+                    model.dimension, model.offset, type.storedSize};
+    }
+    RequireEmptied(element, expected);
+    RequireAnswer(session, record, result, type);
+    session.standard.FreeStdElementRecord(element.Pointer());
+    RequireSame(element.Bytes(), element.With({}), "a released record is emptied");
+}
+
+constexpr std::array kOperations = {
+    Operation{'L', Load},       Operation{'X', Close},        Operation{'J', Copy},
+    Operation{'i', AskType},    Operation{'j', AskStructure}, Operation{'E', AskEnumerator},
+    Operation{'m', AskElement},
+};
+
+}  // namespace
+
+std::span<const Operation> DefinitionOperations() {
+    return kOperations;
+}
+
+}  // namespace orvell::fuzz

@@ -1,0 +1,108 @@
+#include <array>
+
+#include "definition_model.h"
+#include "host_record.h"
+#include "require.h"
+#include "session.h"
+#include "vocabulary.h"
+
+namespace orvell::fuzz {
+namespace {
+
+std::uint32_t ChooseCount(Program& program) {
+    constexpr std::array<std::uint32_t, 6> kCounts = {1, 2, 0, 5, 0xFFFFFFFF, 0x80000001};
+    return program.Pick(kCounts);
+}
+
+/// Words one behind the other, as many as a program spells, and perhaps half a one.
+std::string ChooseWords(Program& program) {
+    std::string bytes;
+    for (std::uint32_t words = program.Choose(17); words != 0; --words) {
+        bytes += BytesOf(static_cast<std::uint16_t>(ChooseInteger(program)));
+    }
+    return program.Decide() ? bytes + '\x7F' : bytes;
+}
+
+std::string WordText(const std::string& bytes, std::size_t offset, std::uint8_t format) {
+    std::int16_t word = 0;
+    std::memcpy(&word, bytes.data() + offset, sizeof word);
+    return std::to_string((format & 15) == 2 ? static_cast<std::uint16_t>(word) : word);
+}
+
+/// Whether all leaves are words, whose texts the model knows.
+bool IsOfWords(const ModelArea& area) {
+    for (const ModelLeaf& leaf : area.leaves) {
+        if (std::string(leaf.functions) != "16") {
+            return false;
+        }
+    }
+    return area.hasValues;
+}
+
+void RequireText(const ParameterRecord& record, const ModelArea& area, const std::string& bytes,
+                 char* text) {
+    constexpr std::uint8_t kHexadecimal = 3;
+    if ((record.format & 15) == kHexadecimal || !IsOfWords(area)) {
+        return;
+    }
+    std::string expected;
+    for (const PlacedLeaf& leaf : LeavesOf(area, record.count)) {
+        expected += (expected.empty() ? "" : "; ") + WordText(bytes, leaf.offset, record.format);
+    }
+    Require((text == nullptr) == expected.empty(), "a value has a text unless it is empty");
+    Require(text == nullptr || text == expected, "the texts of the leaves are joined");
+}
+
+void RequireList(const ParameterRecord& record, const ModelArea& area, const std::string& bytes,
+                 const NameListNode* node) {
+    for (const PlacedLeaf& leaf : LeavesOf(area, record.count)) {
+        Require(node != nullptr && node->first == leaf.path, "all leaves are listed in order");
+        Require(!IsOfWords(area) || node->second == WordText(bytes, leaf.offset, 0),
+                "leaves have their texts");
+        node = node->next;
+    }
+    Require(node == nullptr, "nothing but leaves is listed");
+}
+
+/// Slots 3, 4, 11, 12 and 22 on one value.
+void Show(Session& session, Program& program) {
+    const std::string bytes = ChooseWords(program);
+    HostMemory memory(bytes);
+    ParameterRecord content{sizeof content,       ChooseArea(program),
+                            ChooseCount(program), static_cast<std::uint32_t>(bytes.size()),
+                            memory.Data(),        program.Decide() ? 1 : 0,
+                            program.Byte(),       {}};
+    content.bytes = program.Choose(8) == 7 ? nullptr : content.bytes;
+    HostRecord<ParameterRecord> host(program, content);
+    const ParameterRecord record = host.Understood();
+    const std::string before = host.Bytes() + memory.Bytes();
+    const ModelArea* const area = session.AreaOf(record.identifier);
+    const std::uint32_t length = record.bytes != nullptr ? record.length : 0;
+    const bool isWhole = area != nullptr && area->hasValues &&
+                         std::uint64_t{area->size} * Elements(record.count) <= length;
+    Require(session.standard.CheckStdParameter(host.Pointer()) == (isWhole ? 1 : 0),
+            "a value is whole when its bytes suffice");
+    char* const text = session.standard.GetStdParameterText(host.Pointer());
+    NameListNode* const list = session.standard.GetStdParameterTextList(host.Pointer());
+    if (isWhole) {
+        if (record.bytes != nullptr) {
+            RequireText(record, *area, bytes, text);
+        }
+        RequireList(record, *area, bytes, list);
+    } else {
+        Require(text == nullptr && list == nullptr, "what is not whole is not shown");
+    }
+    session.standard.FreeStdMemory(text);
+    session.standard.FreeStdTextList(list);
+    RequireSame(host.Bytes() + memory.Bytes(), before, "a value that is shown stays");
+}
+
+constexpr std::array kOperations = {Operation{'S', Show}};
+
+}  // namespace
+
+std::span<const Operation> RecordOperations() {
+    return kOperations;
+}
+
+}  // namespace orvell::fuzz

@@ -1,0 +1,264 @@
+#include <array>
+#include <limits>
+#include <stdexcept>
+
+#include "definition_model.h"
+#include "host_record.h"
+#include "require.h"
+#include "session.h"
+#include "unit/values/recording_host.h"
+#include "vocabulary.h"
+
+namespace orvell::fuzz {
+namespace {
+
+constexpr std::uint32_t kNever = std::numeric_limits<std::uint32_t>::max();
+
+/// What the host's functions hand out.
+constexpr std::array<std::uint8_t, 8> kSupply = {'1', '2', '3', '4', '5', '6', '7', '8'};
+
+/// A host whose functions do as they should, but for one call.
+class BadHost {
+  public:
+    BadHost(Session& session, Program& program)
+        : session_(session), program_(program), misdeed_(program.Pick(kMisdeeds)) {
+        call_ = misdeed_ == Misdeed::None ? kNever : program.Choose(4);
+        host_.supply.assign(kSupply.begin(), kSupply.end());
+        usual_ = program.Decide() ? -1 : 1;
+        host_.onCall = [this] { OnCall(); };
+        if (program.Choose(8) == 7) {
+            missing_ = program.Pick(kFunctions);
+        }
+    }
+
+    [[nodiscard]] OnlineAccessRecord Online() const { return host_.Online(missing_); }
+    [[nodiscard]] FillRecord Fill() const { return host_.Fill(); }
+    [[nodiscard]] volatile std::uint32_t* Cancel() { return &cancel_; }
+
+    /// Whether one of the area's values cannot be transferred by functions of this family.
+    [[nodiscard]] bool Fails(const ModelArea& area, std::uint32_t count,
+                             const std::string& family) const {
+        const std::uint64_t calls = std::uint64_t{area.leaves.size()} * count;
+        const bool isRefused = misdeed_ == Misdeed::Refuse || misdeed_ == Misdeed::Throw ||
+                               (misdeed_ == Misdeed::Cancel && family != "Put" && family != "Raw");
+        if (isRefused && call_ < calls - (misdeed_ == Misdeed::Cancel && calls != 0 ? 1 : 0)) {
+            return true;
+        }
+        for (const ModelLeaf& leaf : area.leaves) {
+            if (count != 0 && missing_ == family + leaf.functions) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+  private:
+    enum class Misdeed { None, Refuse, Throw, Cancel, CallBack };
+    static constexpr std::array kMisdeeds = {Misdeed::None, Misdeed::Refuse, Misdeed::Throw,
+                                             Misdeed::Cancel, Misdeed::CallBack};
+    static constexpr std::array<const char*, 8> kFunctions = {
+        "Get16", "Put16", "Alt16", "GetText", "AltText", "Put8", "AltFloat", "GetFloat"};
+
+    void OnCall() {
+        const bool isTime = host_.calls.size() - 1 == call_;
+        host_.answer = isTime && misdeed_ == Misdeed::Refuse ? 0 : usual_;
+        if (!isTime) {
+            return;
+        }
+        if (misdeed_ == Misdeed::Throw) {
+            throw std::runtime_error("a host that is none");
+        }
+        if (misdeed_ == Misdeed::Cancel) {
+            cancel_ = 0x100;
+        }
+        if (misdeed_ == Misdeed::CallBack) {
+            RunFromCallback(session_, program_);
+        }
+    }
+
+    Session& session_;
+    Program& program_;
+    Misdeed misdeed_;
+    std::uint32_t call_ = kNever;
+    std::string missing_;
+    std::int32_t usual_ = 1;  ///< any answer but 0 is success
+    volatile std::uint32_t cancel_ = 0;
+    values::RecordingHost host_;
+};
+
+std::uint32_t ChooseCount(Program& program) {
+    constexpr std::array<std::uint32_t, 8> kCounts = {1, 2, 0, 3, 40, 0xFFFFFFFF, 0x80000000, 4};
+    return program.Pick(kCounts);
+}
+
+/// A record of an area, with bytes that mostly suffice.
+struct Value {
+    Value(Session& session, Program& program)
+        : identifier(ChooseArea(program)),
+          count(ChooseCount(program)),
+          bytes(LengthFor(session, program)),
+          record(program, {sizeof(ParameterRecord),
+                           identifier,
+                           count,
+                           static_cast<std::uint32_t>(bytes.Bytes().size()),
+                           program.Choose(8) == 7 ? nullptr : bytes.Data(),
+                           7,
+                           3,
+                           {}}),
+          understood(record.Understood()),
+          area(session.AreaOf(understood.identifier)) {}
+
+    [[nodiscard]] std::uint32_t Elements() const { return fuzz::Elements(understood.count); }
+
+    /// Whether the bytes hold the whole value.
+    [[nodiscard]] bool IsWhole() const {
+        const std::uint32_t length = understood.bytes == nullptr ? 0 : understood.length;
+        return area != nullptr && area->hasValues &&
+               std::uint64_t{area->size} * Elements() <= length;
+    }
+
+    std::int32_t identifier;
+    std::uint32_t count;
+    HostMemory bytes;
+    HostRecord<ParameterRecord> record;
+    ParameterRecord understood;
+    const ModelArea* area;
+
+  private:
+    [[nodiscard]] std::size_t LengthFor(Session& session, Program& program) const {
+        const ModelArea* const wanted = session.AreaOf(identifier);
+        const std::size_t whole =
+            (wanted != nullptr ? wanted->size : 0) * std::min<std::size_t>(std::max(1U, count), 40);
+        const std::uint32_t lack = program.Choose(5);
+        return whole - std::min<std::size_t>(whole, lack == 4 ? whole : lack);
+    }
+};
+
+void Convert(Session& session, Program& program) {
+    Value value(session, program);
+    BadHost host(session, program);
+    OnlineAccessRecord online = host.Online();
+    const std::string before = value.record.Bytes() + value.bytes.Bytes();
+    const Session::Transfer transfer(session);
+    const std::int32_t result =
+        session.standard.ConvertStdParameter(value.record.Pointer(), &online);
+    const bool isDone = value.IsWhole() && !host.Fails(*value.area, value.Elements(), "Put");
+    Require(result == (isDone ? 1 : 0), "a value is converted whole or not at all");
+    RequireSame(value.record.Bytes() + value.bytes.Bytes(), before, "a value given stays");
+}
+
+void Write(Session& session, Program& program) {
+    Value value(session, program);
+    BadHost host(session, program);
+    OnlineAccessRecord online = host.Online();
+    const std::string before = value.record.Bytes() + value.bytes.Bytes();
+    const Session::Transfer transfer(session);
+    const std::int32_t result =
+        session.standard.WriteStdParameterOnline(value.record.Pointer(), &online, host.Cancel());
+    const bool isDone = value.IsWhole() && !host.Fails(*value.area, value.Elements(), "Alt");
+    Require(result == (isDone ? 1 : 0), "a value is written whole or not at all");
+    RequireSame(value.record.Bytes() + value.bytes.Bytes(), before, "a value given stays");
+}
+
+/// What the leaves get from the host's functions.
+std::string Supplied(const ModelArea& area, std::uint32_t count, bool closesTexts) {
+    std::string element(area.size, '\0');
+    for (const ModelLeaf& leaf : area.leaves) {
+        std::string bytes(kSupply.begin(), kSupply.begin() + leaf.width);
+        if (closesTexts && std::string(leaf.functions) == "Text") {
+            bytes.back() = '\0';
+        }
+        element.replace(leaf.offset, leaf.width, bytes);
+    }
+    std::string all;
+    for (std::uint32_t i = 0; i < count && !element.empty(); ++i) {
+        all += element;
+    }
+    return all;
+}
+
+/// Compares the new bytes and what else the record has, and gives it back.
+void RequireFilled(Session& session, Value& value, const std::string& before, bool closesTexts) {
+    const ParameterRecord actual = value.record.Understood();
+    ParameterRecord expected = value.understood;
+    expected.length = value.area->size * value.understood.count;
+    expected.bytes = actual.bytes;
+    Require(actual.bytes == nullptr || actual.bytes != value.understood.bytes, "bytes are new");
+    std::string bytes = before;
+    const std::string written = BytesOf(expected).substr(0, value.record.Size());
+    bytes.replace(0, written.size(), written);
+    bytes.replace(0, sizeof(std::uint32_t), BytesOf(value.record.Size()));
+    RequireSame(value.record.Bytes(), bytes, "a filled record has new bytes and their length");
+    if (value.record.Holds(16)) {
+        RequireSame({static_cast<char*>(actual.bytes), expected.length},
+                    Supplied(*value.area, value.understood.count, closesTexts),
+                    "a value is filled with what the host has");
+    }
+    session.standard.FreeStdParameter(value.record.Pointer());
+    RequireSame(value.record.Bytes(), value.record.With({}), "a released record is emptied");
+}
+
+/// Reads through the getters (slot 17) or lets the host fill the bytes (slot 19).
+void FillNew(Session& session, Program& program, bool isOnline) {
+    Value value(session, program);
+    BadHost host(session, program);
+    OnlineAccessRecord online = host.Online();
+    FillRecord fill = host.Fill();
+    const std::string before = value.record.Bytes();
+    const Session::Transfer transfer(session);
+    ParameterRecord* const record = value.record.Pointer();
+    const std::int32_t result =
+        isOnline ? session.standard.ReadStdParameterOnline(record, &online, host.Cancel())
+                 : session.standard.FillStdParameterValue(record, &fill);
+    const std::uint64_t length =
+        value.area != nullptr ? std::uint64_t{value.area->size} * value.understood.count : 0;
+    constexpr std::uint64_t kLongest = 0x7FFFFFFF;
+    const bool isPossible = value.area != nullptr && length <= kLongest;
+    const bool fails = isPossible && length != 0 &&
+                       host.Fails(*value.area, value.understood.count, isOnline ? "Get" : "Raw");
+    if (!isPossible || fails) {
+        Require(result == (fails && isOnline ? -1 : 0) || (fails && result == 0),
+                "what cannot be read gives nothing");
+        RequireSame(value.record.Bytes(), before, "a record that could not be filled stays");
+        return;
+    }
+    Require(result == 1, "what can be read is read");
+    if (length == 0) {
+        RequireSame(value.record.Bytes(), before, "a record without values stays");
+    } else {
+        RequireFilled(session, value, before, isOnline);
+    }
+}
+
+void FillInPlace(Session& session, Program& program) {
+    Value value(session, program);
+    BadHost host(session, program);
+    FillRecord fill = host.Fill();
+    const std::string before = value.record.Bytes();
+    const Session::Transfer transfer(session);
+    const std::int32_t result =
+        session.standard.FillStdParameterValueInPlace(value.record.Pointer(), &fill);
+    const bool isDone = value.IsWhole() && !host.Fails(*value.area, value.Elements(), "Raw");
+    Require(result == (isDone ? 1 : 0), "a value is filled whole or not at all");
+    RequireSame(value.record.Bytes(), before, "a record stays");
+    if (isDone) {
+        const std::string filled = Supplied(*value.area, value.Elements(), false);
+        RequireSame(value.bytes.Bytes().substr(0, filled.size()), filled, "bytes are filled");
+    }
+}
+
+constexpr std::array kOperations = {
+    Operation{'p', Convert},
+    Operation{'P', Write},
+    Operation{'r', [](Session& session, Program& program) { FillNew(session, program, true); }},
+    Operation{'R', [](Session& session, Program& program) { FillNew(session, program, false); }},
+    Operation{'q', FillInPlace},
+};
+
+}  // namespace
+
+std::span<const Operation> TransferOperations() {
+    return kOperations;
+}
+
+}  // namespace orvell::fuzz
