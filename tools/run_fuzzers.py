@@ -16,9 +16,10 @@ SUFFIX = "_fuzzer"
 
 # The limits tell a hang and a runaway allocation from honest work: seconds an input, MiB in all.
 LIMITS = ["-timeout=20", "-rss_limit_mb=3000", "-malloc_limit_mb=2000"]
-# A null result is a defined answer of malloc; the code must cope with it.
+# A null result is a defined answer of malloc; the code must cope with it. Freed memory is held back
+# for long enough to see its use within one input, and no longer: that is twice as fast.
 ENVIRONMENT = {
-    "ASAN_OPTIONS": "allocator_may_return_null=1:detect_leaks=1",
+    "ASAN_OPTIONS": "allocator_may_return_null=1:detect_leaks=1:quarantine_size_mb=16",
     "UBSAN_OPTIONS": "print_stacktrace=1:halt_on_error=1",
 }
 
