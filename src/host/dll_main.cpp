@@ -2,6 +2,7 @@
 
 #include "host/guard.h"
 #include "host/module.h"
+#include "platform/module_hold.h"
 
 namespace orvell::host {
 
@@ -19,8 +20,12 @@ bool Start(HINSTANCE instance) noexcept {
     });
 }
 
-/// `processEnds`: the process is going down and its other libraries may be gone already.
+/// `processEnds`: the process is going down, its other threads are gone and its other libraries may
+/// be as well.
 void Stop(bool processEnds) noexcept {
+    if (!processEnds) {
+        platform::AwaitReturnOfHolder();
+    }
     Guarded([processEnds] {
         OrvellApp& app = TheModule().app;
         if (processEnds) {

@@ -2,6 +2,7 @@
 #include "host/module.h"
 #include "host/sized_record.h"
 #include "host/standard_parameter_slots.h"
+#include "platform/module_hold.h"
 
 namespace orvell::host {
 
@@ -42,6 +43,7 @@ namespace slots {
 
 int32_t ORVELL_CALL EditStdParameter(DialogParameterRecord* record,
                                      OnlineAccessRecord* online) noexcept {
+    const platform::ModuleHold hold;
     const OnlineAccessRecord access = ReadRecord(online);
     if (record == nullptr) {
         return Edit(nullptr, access) ? kAccepted : kNotAccepted;

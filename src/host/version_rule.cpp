@@ -1,6 +1,7 @@
 #include "host/version_rule.h"
 
 #include "orvell/services.h"
+#include "platform/host_call.h"
 
 namespace orvell::host {
 
@@ -20,7 +21,7 @@ bool RequiredDllVersion::IsMetBy(double reported) const {
 
 bool RequiredDllVersion::IsMetBy(const platform::Library& library) const {
     const auto getVersion = platform::FindFunction<GetDLLVersionFunction>(library, "GetDLLVersion");
-    return getVersion != nullptr && IsMetBy(getVersion());
+    return getVersion != nullptr && IsMetBy(platform::CallHost(getVersion));
 }
 
 }  // namespace orvell::host

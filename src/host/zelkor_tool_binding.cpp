@@ -1,6 +1,10 @@
 #include "host/zelkor_tool_binding.h"
 
+#include "platform/host_call.h"
+
 namespace orvell::host {
+
+using platform::CallHost;
 
 namespace {
 
@@ -28,7 +32,7 @@ class LentBuffer {
     LentBuffer& operator=(const LentBuffer&) = delete;
     ~LentBuffer() {
         if (deleteBuffer_ != nullptr) {
-            deleteBuffer_(&buffer_);
+            CallHost(deleteBuffer_, &buffer_);
         }
     }
 
@@ -63,8 +67,8 @@ bool ZelkorToolBinding::Bind(platform::LibraryLoader& loader, const std::string&
         Unbind();
         return false;
     }
-    functions_.SetBINPath(instance);
-    language_ = functions_.GetZelkorLanguage();
+    CallHost(functions_.SetBINPath, instance);
+    language_ = CallHost(functions_.GetZelkorLanguage);
     return true;
 }
 
@@ -110,7 +114,10 @@ std::string ZelkorToolBinding::XmlAccessPath() const {
     // Resolved on use: the binding does not depend on it.
     const auto getPath =
         platform::FindFunction<GetPathToXMLAccessDLLFunction>(*library_, "GetPathToXMLAccessDLL");
-    return getPath == nullptr ? std::string() : LentText(getPath);
+    if (getPath == nullptr) {
+        return {};
+    }
+    return LentText([&](MStrBuf* buffer) { return CallHost(getPath, buffer); });
 }
 
 std::string ZelkorToolBinding::LanguageLibraryPath() const {
@@ -119,7 +126,7 @@ std::string ZelkorToolBinding::LanguageLibraryPath() const {
     }
     bool named = false;
     std::string path = LentText([&](MStrBuf* buffer) {
-        const std::int32_t result = functions_.GetZelkorLanguagePath(buffer, language_);
+        const std::int32_t result = CallHost(functions_.GetZelkorLanguagePath, buffer, language_);
         named = result != 0 && buffer->text != nullptr;
         return result;
     });

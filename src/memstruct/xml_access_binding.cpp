@@ -3,6 +3,8 @@
 #include <array>
 #include <bit>
 
+#include "platform/host_call.h"
+
 namespace orvell::memstruct {
 
 namespace {
@@ -43,7 +45,7 @@ static_assert(sizeof(FunctionAddresses) == sizeof(XmlAccessFunctions));
 /// Calls `function` when the library is bound; 0 otherwise.
 template <typename Result, typename... Parameters, typename... Arguments>
 Result CallIfBound(Result(ORVELL_CALL* function)(Parameters...), Arguments... arguments) {
-    return function == nullptr ? Result() : function(arguments...);
+    return function == nullptr ? Result() : platform::CallHost(function, arguments...);
 }
 
 /// A text lent by the library, given back at the end of its scope.
@@ -52,7 +54,7 @@ class LentText {
     explicit LentText(void(ORVELL_CALL* freeText)(MString*)) : freeText_(freeText) {}
     LentText(const LentText&) = delete;
     LentText& operator=(const LentText&) = delete;
-    ~LentText() { freeText_(&lent_); }
+    ~LentText() { platform::CallHost(freeText_, &lent_); }
 
     [[nodiscard]] MString* Target() { return &lent_; }
     [[nodiscard]] const char* Get() const { return lent_.text == nullptr ? "" : lent_.text; }
@@ -71,7 +73,7 @@ bool TakeText(const XmlAccessFunctions& functions, std::string& text,
         return false;
     }
     LentText lent(functions.FreeMString);
-    if (function(arguments..., lent.Target()) == 0) {
+    if (platform::CallHost(function, arguments..., lent.Target()) == 0) {
         return false;
     }
     text = lent.Get();
@@ -134,7 +136,8 @@ std::string XmlAccessBinding::LastError() const {
         return {};
     }
     LentText lent(functions_.FreeMString);
-    functions_.GetLastError(lent.Target());  // whether there is a text is all that counts
+    platform::CallHost(functions_.GetLastError,
+                       lent.Target());  // whether there is a text is all that counts
     return lent.Get();
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/host_call.h"
+
 namespace orvell::values {
 
 bool ValueConverter::HasRoom(const TypeDescription& type, ConstValueBuffer buffer) const {
@@ -46,8 +48,9 @@ bool ValueConverter::PutRawToHost(const TypeDescription& type, std::uint32_t fir
     if (buffer.data() == nullptr || host.Put == nullptr) {
         return false;
     }
-    return host.Put(first, second, buffer.data(), static_cast<std::uint32_t>(byteCount),
-                    static_cast<std::uint32_t>(GetHostForm(type).kind)) != 0;
+    void* const bytes = buffer.data();
+    return platform::CallHost(host.Put, first, second, bytes, static_cast<std::uint32_t>(byteCount),
+                              static_cast<std::uint32_t>(GetHostForm(type).kind)) != 0;
 }
 
 }  // namespace orvell::values

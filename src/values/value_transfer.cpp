@@ -4,9 +4,13 @@
 #include <cstring>
 #include <string>
 
+#include "platform/host_call.h"
 #include "values/stored_value.h"
 
 namespace orvell::values {
+
+using platform::CallHost;
+
 namespace {
 
 template <typename Number>
@@ -24,14 +28,14 @@ bool PutNumber(Setter<Number> setter, std::uint32_t first, std::uint32_t second,
     // Copied here, since a function's float result would turn a signalling NaN into a quiet one.
     Number number;
     std::memcpy(&number, value.data(), sizeof number);
-    return setter(first, second, number) != 0;
+    return CallHost(setter, first, second, number) != 0;
 }
 
 template <typename Number>
 bool GetNumber(Getter<Number> getter, std::uint32_t first, std::uint32_t second,
                ValueBuffer value) {
     Number number = 0;
-    if (getter == nullptr || getter(first, second, &number) == 0) {
+    if (getter == nullptr || CallHost(getter, first, second, &number) == 0) {
         return false;
     }
     std::memcpy(value.data(), &number, sizeof number);
@@ -48,7 +52,7 @@ bool PutShortNumber(Setter<Number> setter, std::uint32_t first, std::uint32_t se
         isSigned ? static_cast<std::uint64_t>(SignExtend(number, sizeof(Number))) : number);
     const auto wordSetter =
         reinterpret_cast<Setter<std::uint32_t>>(reinterpret_cast<void*>(setter));
-    return wordSetter != nullptr && wordSetter(first, second, word) != 0;
+    return wordSetter != nullptr && CallHost(wordSetter, first, second, word) != 0;
 }
 
 bool PutText(Setter<const char*> setter, std::uint32_t first, std::uint32_t second,
@@ -58,7 +62,7 @@ bool PutText(Setter<const char*> setter, std::uint32_t first, std::uint32_t seco
     }
     const auto last = value.end() - 1;
     const std::string text(value.begin(), std::find(value.begin(), last, 0));
-    return setter(first, second, text.c_str()) != 0;
+    return CallHost(setter, first, second, text.c_str()) != 0;
 }
 
 bool GetText(decltype(OnlineGetters::GetText) getter, std::uint32_t first, std::uint32_t second,
@@ -67,7 +71,8 @@ bool GetText(decltype(OnlineGetters::GetText) getter, std::uint32_t first, std::
         return false;
     }
     std::string text(value.size(), '\0');
-    if (getter(first, second, text.data(), static_cast<std::uint32_t>(text.size())) == 0) {
+    if (CallHost(getter, first, second, text.data(), static_cast<std::uint32_t>(text.size())) ==
+        0) {
         return false;
     }
     const auto textEnd = std::find(text.begin(), text.end() - 1, '\0');
