@@ -5,6 +5,8 @@
 #include <fstream>
 #include <iterator>
 #include <optional>
+#include <stdexcept>
+#include <utility>
 
 namespace orvell::test {
 
@@ -44,9 +46,20 @@ template <typename Result, typename... Parameters, Result (FakeXmlLibrary::*meth
 struct FakeXmlLibrary::Export<method> {
     static Result ORVELL_CALL Call(Parameters... arguments) {
         const Visit visit;
+        const ThrowAtEnd end;
         return (current->*method)(arguments...);
     }
     static void* Address() { return test::Address(&Call); }
+
+  private:
+    /// Leaves the call by an exception when that is due.
+    struct ThrowAtEnd {
+        ~ThrowAtEnd() noexcept(false) {
+            if (std::exchange(current->hasToThrow_, false)) {
+                throw std::runtime_error("thrown by the library");
+            }
+        }
+    };
 };
 
 FakeXmlLibrary::FakeXmlLibrary() {
@@ -107,7 +120,10 @@ std::string FakeXmlLibrary::Complaints() const {
 
 bool FakeXmlLibrary::Fails() {
     ++calls;
-    return failingCall != 0 && (calls == failingCall || (staysBroken && calls > failingCall));
+    const bool fails =
+        failingCall != 0 && (calls == failingCall || (staysBroken && calls > failingCall));
+    hasToThrow_ = fails && throws;
+    return fails;
 }
 
 FakeDocument* FakeXmlLibrary::DocumentOf(XmlDocumentHandle handle) {
@@ -193,10 +209,11 @@ std::int32_t FakeXmlLibrary::Save(XmlDocumentHandle handle, const char* path) {
         return 1;
     }
     std::ofstream file(path, std::ios::binary);
-    return file << document->Write() ? 1 : 0;
+    return file << document->Write() << std::flush ? 1 : 0;
 }
 
 std::int32_t FakeXmlLibrary::Close(XmlDocumentHandle handle) {
+    hasToThrow_ = throws;
     if (documents_.erase(handle) == 0) {
         misuses.emplace_back("close of a handle that is no document");
     }
@@ -213,6 +230,7 @@ std::int32_t FakeXmlLibrary::GetLastError(MString* text) {
 }
 
 void FakeXmlLibrary::FreeMString(MString* text) {
+    hasToThrow_ = throws;
     const auto known = texts_.find(text->reserved1);
     if (known == texts_.end() || known->second->data() != text->text) {
         misuses.emplace_back("return of a text that is not out");
@@ -222,6 +240,7 @@ void FakeXmlLibrary::FreeMString(MString* text) {
 }
 
 void FakeXmlLibrary::FreeHandle(XmlNodeHandle node) {
+    hasToThrow_ = throws;
     if (nodes_.erase(node) == 0) {
         misuses.emplace_back("return of a node that is not out");
     }

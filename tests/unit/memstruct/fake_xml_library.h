@@ -38,6 +38,8 @@ class FakeXmlLibrary {
     std::uint64_t failingCall = 0;
     /// Whether all calls after it fail as well.
     bool staysBroken = false;
+    /// Whether calls that fail end by an exception, and all calls that give something back as well.
+    bool throws = false;
 
     /// Told of each entry into the library and each return from it; null: nobody is.
     static inline void (*onEntryAndReturn)(bool isEntry) = nullptr;
@@ -102,6 +104,7 @@ class FakeXmlLibrary {
     std::unordered_map<std::uint32_t, std::unique_ptr<std::string>> texts_;
     std::uint32_t lastHandle_ = 1000;
     std::size_t mostNodesOut_ = 0;
+    bool hasToThrow_ = false;
     std::string lastError_;
 };
 

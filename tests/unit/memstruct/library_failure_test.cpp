@@ -20,17 +20,22 @@ constexpr const char* kFurtherDefinitions = R"(<Definitions>
     <Item Name="a" Type="S"/></Type></TypeList>
     <MemoryList><Memory ID="2" Type="T"/></MemoryList></Definitions>)";
 
-/// Lets every single call of the library fail, one after the other, once or for good.
-class LibraryFailureTest : public MemstructTest, public testing::WithParamInterface<bool> {
+enum class Failure { Once, ForGood, ByException };
+
+/// Lets every single call of the library fail, one after the other, in each way.
+class LibraryFailureTest : public MemstructTest, public testing::WithParamInterface<Failure> {
   protected:
-    LibraryFailureTest() { std::filesystem::create_directory("OUT"); }
+    LibraryFailureTest() {
+        std::filesystem::create_directory("OUT");
+        library.staysBroken = GetParam() == Failure::ForGood;
+        library.throws = GetParam() == Failure::ByException;
+    }
 
     template <typename Operation>
     void FailAtEachCall(Operation operation) {
         for (std::uint64_t n = 1;; ++n) {
             library.calls = 0;
             library.failingCall = n;
-            library.staysBroken = GetParam();
             operation();
             ASSERT_EQ(library.Complaints(), "") << "after failure of call " << n;
             CheckReferences();
@@ -86,8 +91,13 @@ TEST_P(LibraryFailureTest, MergingIntoANewProject) {
     EXPECT_EQ(store.GetCurrentPath(), "P.STDMEMXML");
 }
 
-INSTANTIATE_TEST_SUITE_P(Failure, LibraryFailureTest, testing::Bool(),
-                         [](const auto& failure) { return failure.param ? "ForGood" : "Once"; });
+constexpr const char* kNames[] = {"Once", "ForGood", "ByException"};
+
+INSTANTIATE_TEST_SUITE_P(Failure, LibraryFailureTest,
+                         testing::Values(Failure::Once, Failure::ForGood, Failure::ByException),
+                         [](const auto& failure) {
+                             return std::string(kNames[static_cast<int>(failure.param)]);
+                         });
 
 }  // namespace
 }  // namespace orvell::test

@@ -1,0 +1,78 @@
+// Disks that are full at every single byte of the files that the management table's slots write.
+
+#include "management_fixture.h"
+#include "paramlist/list_file_writer.h"
+#include "support/small_disk.h"
+#include "unit/memstruct/temporary_folder.h"
+
+namespace orvell::host {
+namespace {
+
+constexpr const char* kNotSaved = "Die Parameterliste konnte nicht gespeichert werden.";
+
+class FullDiskTest : public ManagementTest {
+  protected:
+    FullDiskTest() {
+        BuildKinds();
+        STDSIL_SetTextParaValue("PT1", "name", "comment", "text");
+        STDSIL_SetWordParaValue("PW1", "", "", 7);
+        STDSIL_SetFloatParaValue("PF1", "", "", 0.5);
+        registry.texts[{platform::RegistryRoot::ClassesRoot, ".csv", ""}] = "Table";
+        registry.texts[{platform::RegistryRoot::ClassesRoot, "Table\\SHELL\\OPEN\\COMMAND", ""}] =
+            "editor";
+    }
+
+    /// Writes the file on disks of 0, 1, 2, ... bytes until it has room: each time the user is
+    /// told, the file ends where the disk does, and the list stays.
+    template <typename Write>
+    void ExpectToldUntilThereIsRoom(const std::string& path, const std::string& message,
+                                    const Write& write) {
+        write();
+        const std::string whole = test::FileText(path);
+        EXPECT_GT(whole.size(), 100U);
+        EXPECT_TRUE(messages.shown.empty());
+        messages.asked.clear();
+        for (std::size_t size = 0; size < whole.size(); ++size) {
+            {
+                const test::SmallDisk disk(size);
+                write();
+            }
+            const std::vector<platform::Message> shown = TakeMessages();
+            ASSERT_EQ(shown.size(), 1U) << size;
+            ASSERT_EQ(shown[0].text, message);
+            ASSERT_EQ(test::FileText(path), whole.substr(0, size));
+            ASSERT_TRUE(messages.asked.empty()) << "a part of a file is not offered";
+        }
+        {
+            const test::SmallDisk disk(whole.size());
+            write();
+        }
+        EXPECT_TRUE(messages.shown.empty());
+        EXPECT_EQ(test::FileText(path), whole);
+        EXPECT_EQ(TextOf("PT1") + TextOf("PW1") + TextOf("PF1"), "text70.5");
+    }
+
+    test::TemporaryFolder folder;
+};
+
+TEST_F(FullDiskTest, SavingIsReportedWithItsFile) {
+    ConfigurationRecord project{sizeof(project), nullptr, "plant.prj"};
+    ExpectToldUntilThereIsRoom("PLANT.SIL", "Die Datei PLANT.SIL konnte nicht gespeichert werden.",
+                               [&] { management::SaveList(&project); });
+}
+
+TEST_F(FullDiskTest, ExportingIsReported) {
+    ExpectToldUntilThereIsRoom("out.sil", kNotSaved,
+                               [] { management::ExportList(nullptr, "out.sil"); });
+    ExpectToldUntilThereIsRoom("out.csv", kNotSaved,
+                               [] { management::ExportList(nullptr, "out.csv"); });
+}
+
+TEST_F(FullDiskTest, APartOfAFileIsNotOfferedToTheEditor) {
+    ExpectToldUntilThereIsRoom("out.csv", kNotSaved,
+                               [] { management::ExportAndOpenList(nullptr, "out.csv"); });
+    EXPECT_EQ(messages.asked.size(), 1U);
+}
+
+}  // namespace
+}  // namespace orvell::host

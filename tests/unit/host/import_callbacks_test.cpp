@@ -1,0 +1,147 @@
+// What the host's message page may do while an import is reported: throw, or call the module.
+
+#include <functional>
+#include <stdexcept>
+
+#include "management_fixture.h"
+#include "unit/memstruct/temporary_folder.h"
+
+namespace orvell::host {
+namespace {
+
+/// Every second parameter is missing in the list, so that every second line is reported.
+constexpr int kParameters = 10;
+constexpr std::size_t kReportCalls = 2 * (kParameters / 2 + 2);  // a page and a line each
+
+std::size_t calls = 0;
+std::function<void()> onCall;
+
+std::int32_t ORVELL_CALL LookUp(const char*) {
+    ++calls;
+    onCall();
+    return 1;
+}
+
+std::int32_t ORVELL_CALL Append(std::int32_t, const char*, std::uint32_t, std::int32_t) {
+    ++calls;
+    onCall();
+    return 1;
+}
+
+class ImportCallbacksTest : public ManagementTest {
+  protected:
+    ImportCallbacksTest() {
+        const HostExportTable callbacks{sizeof(callbacks), LookUp, Append, nullptr, nullptr};
+        TheModule().callbacks.Install(&callbacks);
+        std::string file;
+        for (int number = 1; number <= kParameters; ++number) {
+            file +=
+                "PW" + std::to_string(number) + ";name;" + std::to_string(100 + number) + ";;\n";
+        }
+        test::WriteFile("LIST.CSV", file);
+        BuildKinds();
+    }
+
+    ~ImportCallbacksTest() override { onCall = nullptr; }
+
+    static void FillList() {
+        management::ClearList();
+        for (int number = 2; number <= kParameters; number += 2) {
+            management::SetValueFromText(("PW" + std::to_string(number)).c_str(), "1");
+        }
+    }
+
+    /// Of the parameters that the list had, how many have their values from the file.
+    static int ImportedCount() {
+        int count = 0;
+        for (int number = 2; number <= kParameters; number += 2) {
+            count += TextOf("PW" + std::to_string(number)) == std::to_string(100 + number) ? 1 : 0;
+        }
+        return count;
+    }
+
+    /// Imports while `action` runs in call 1, 2, 3, ... of the host, until there is none such;
+    /// `check` after each. Returns how many there were.
+    template <typename Action, typename Check>
+    static std::size_t InEveryCall(const Action& action, const Check& check) {
+        for (std::size_t chosen = 1;; ++chosen) {
+            FillList();
+            calls = 0;
+            onCall = [&] {
+                if (calls == chosen) {
+                    action();
+                }
+            };
+            management::ImportIntoList(nullptr, "LIST.CSV");
+            if (calls < chosen) {
+                return chosen - 1;
+            }
+            check();
+        }
+    }
+
+    test::TemporaryFolder folder;
+};
+
+TEST_F(ImportCallbacksTest, AReportThatThrowsDoesNotEndTheImport) {
+    const std::size_t failures = InEveryCall([] { throw std::runtime_error("of the host's"); },
+                                             [] {
+                                                 EXPECT_EQ(ImportedCount(), kParameters / 2);
+                                                 EXPECT_EQ(calls, kReportCalls);
+                                             });
+    EXPECT_EQ(failures, kReportCalls);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(ImportCallbacksTest, AReportThatAlwaysThrowsIsNone) {
+    FillList();
+    calls = 0;
+    onCall = [] { throw 7; };
+    management::ImportIntoList(nullptr, "LIST.CSV");
+    EXPECT_EQ(calls, kReportCalls);
+    EXPECT_EQ(ImportedCount(), kParameters / 2);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(ImportCallbacksTest, TheListMayBeChangedWhileItIsImported) {
+    const std::function<void()> actions[] = {
+        [] { management::ClearList(); },
+        [] { management::LoadList(nullptr); },
+        [] { management::ImportNewList(nullptr, "GONE.SIL"); },
+        [] {
+            management::BeginUpdate();
+            management::EndUpdate();
+        },
+    };
+    for (const auto& action : actions) {
+        const std::size_t inEach = InEveryCall(action, [] {});
+        EXPECT_GE(inEach, 2U * 2) << "the beginning and the end are reported whatever is found";
+    }
+}
+
+TEST_F(ImportCallbacksTest, AnImportMayRunInsideAnother) {
+    bool isInside = false;
+    const auto importAgain = [&isInside] {
+        if (!isInside) {
+            isInside = true;
+            management::ImportIntoList(nullptr, "LIST.CSV");
+            isInside = false;
+        }
+    };
+    const std::size_t nested =
+        InEveryCall(importAgain, [] { EXPECT_EQ(ImportedCount(), kParameters / 2); });
+    EXPECT_GE(nested, kReportCalls);
+}
+
+TEST_F(ImportCallbacksTest, TheCallbacksMayBeTakenAwayInAnyCall) {
+    const HostExportTable callbacks{sizeof(callbacks), LookUp, Append, nullptr, nullptr};
+    const std::size_t removals = InEveryCall([] { TheModule().callbacks.Install(nullptr); },
+                                             [&] {
+                                                 EXPECT_EQ(ImportedCount(), kParameters / 2);
+                                                 TheModule().callbacks.Install(&callbacks);
+                                             });
+    EXPECT_EQ(removals, kReportCalls);
+}
+
+}  // namespace
+}  // namespace orvell::host

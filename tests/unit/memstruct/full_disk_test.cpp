@@ -1,0 +1,175 @@
+// Disks that are full at every single byte of the configuration files, and files that others take
+// away meanwhile.
+
+#include "memstruct/config_files.h"
+#include "memstruct_fixture.h"
+#include "support/small_disk.h"
+#include "temporary_folder.h"
+
+namespace orvell::test {
+namespace {
+
+using memstruct::ConfigFiles;
+using memstruct::ConfigOutcome;
+
+constexpr const char* kDefinitions =
+    R"(<D><TypeList><Type Name="W" BaseType="UINT" Size="2"/></TypeList>)"
+    R"(<MemoryList><Memory ID="1" Type="W"/></MemoryList></D>)";
+
+constexpr const char* kDelivered =
+    R"(<D><TypeList><Type Name="L" BaseType="UINT" Size="4"/></TypeList>)"
+    R"(<MemoryList><Memory ID="2" Type="L"/></MemoryList></D>)";
+
+class FullDiskConfigTest : public MemstructTest {
+  protected:
+    FullDiskConfigTest() {
+        std::filesystem::create_directory("OUT");
+        WriteFile("P.STDMEMXML", kDefinitions);
+    }
+
+    [[nodiscard]] std::uint32_t Size(std::uint32_t area) const {
+        return memstruct::MemoryStructureStore::StoredSize(store.TypeOfArea(area));
+    }
+
+    TemporaryFolder folder;
+    ConfigFiles files{store, xml};
+};
+
+TEST_F(FullDiskConfigTest, SavingElsewhereFailsAndTheProjectKeepsItsFile) {
+    ASSERT_EQ(files.Load("P"), ConfigOutcome::Done);
+    const std::string whole = kDefinitions;
+    for (std::size_t size = 0; size < whole.size(); ++size) {
+        {
+            const SmallDisk disk(size);
+            EXPECT_EQ(files.Save("Q"), ConfigOutcome::Failed) << size;
+        }
+        EXPECT_EQ(store.GetCurrentPath(), "P.STDMEMXML");
+        EXPECT_EQ(FileText("P.STDMEMXML"), whole);
+        EXPECT_EQ(Size(1), 2U);
+    }
+    const SmallDisk disk(whole.size());
+    EXPECT_EQ(files.Save("Q"), ConfigOutcome::Done);
+    EXPECT_EQ(store.GetCurrentPath(), "Q.STDMEMXML");
+    EXPECT_EQ(FileText("Q.STDMEMXML"), whole);
+}
+
+TEST_F(FullDiskConfigTest, ExportingFailsAndTheProjectKeepsItsFile) {
+    const std::string whole = kDefinitions;
+    for (std::size_t size = 0; size < whole.size(); ++size) {
+        const SmallDisk disk(size);
+        EXPECT_EQ(files.Export("P", "OUT"), ConfigOutcome::Failed) << size;
+        EXPECT_EQ(FileText("P.STDMEMXML"), whole);
+    }
+    const SmallDisk disk(whole.size());
+    EXPECT_EQ(files.Export("P", "OUT"), ConfigOutcome::Done);
+    EXPECT_EQ(FileText("OUT\\P.STDMEMXML"), whole);
+}
+
+/// A merge is silent, and what the file holds then is in use.
+TEST_F(FullDiskConfigTest, AMergeUsesWhatItCouldWrite) {
+    WriteFile("OUT\\P.STDMEMXML", kDelivered);
+    files.Merge("P", "OUT");
+    const std::string merged = FileText("P.STDMEMXML");
+    std::size_t failures = 0;
+    for (std::size_t size = 0; size <= merged.size(); ++size) {
+        WriteFile("P.STDMEMXML", kDefinitions);
+        {
+            const SmallDisk disk(size);
+            files.Merge("P", "OUT");
+        }
+        const std::string file = FileText("P.STDMEMXML");
+        EXPECT_EQ(file, merged.substr(0, size));
+        const bool isWhole = Size(1) == 2U && Size(2) == 4U;
+        EXPECT_TRUE(isWhole || (store.Types().size() == 4 && store.Areas().empty())) << size;
+        EXPECT_EQ(isWhole, store.GetCurrentPath() == "P.STDMEMXML");
+        failures += isWhole ? 0 : 1;
+        EXPECT_EQ(library.Complaints(), "");
+    }
+    EXPECT_GT(failures, merged.size() / 2);
+    EXPECT_EQ(Size(2), 4U);
+}
+
+TEST_F(FullDiskConfigTest, AMergeIntoANewProjectNeedsNoWholeDefaultFile) {
+    WriteFile("OUT\\P.STDMEMXML", kDelivered);
+    WriteFile("DEFAULT.XML", kDefinitions);
+    store.SetDefaultPath("DEFAULT.XML");
+    files.Merge("P", "OUT");
+    const std::size_t room = FileText("P.STDMEMXML").size();
+    bool isWhole = false;
+    for (std::size_t size = 0; size <= room; ++size) {
+        std::filesystem::remove("P.STDMEMXML");
+        {
+            const SmallDisk disk(size);
+            files.Merge("P", "OUT");
+        }
+        isWhole = Size(1) == 2U && Size(2) == 4U;
+        EXPECT_TRUE(isWhole || store.GetCurrentPath().empty() || Size(2) == 4U) << size;
+        EXPECT_EQ(FileText("DEFAULT.XML"), kDefinitions);
+        EXPECT_EQ(library.Complaints(), "");
+    }
+    EXPECT_TRUE(isWhole);
+}
+
+std::uint64_t removingEntry = 0;
+std::uint64_t entries = 0;
+
+/// Takes all files away at one of the entries into the library.
+void RemoveFiles(bool isEntry) {
+    if (isEntry && ++entries == removingEntry) {
+        for (const char* path : {"P.STDMEMXML", "OUT\\P.STDMEMXML", "DEFAULT.XML"}) {
+            std::filesystem::remove(path);
+        }
+    }
+}
+
+class VanishingConfigTest : public FullDiskConfigTest {
+  protected:
+    VanishingConfigTest() { FakeXmlLibrary::onEntryAndReturn = RemoveFiles; }
+    ~VanishingConfigTest() override { FakeXmlLibrary::onEntryAndReturn = nullptr; }
+
+    /// Runs the operation while the files go at the library's call 1, 2, 3, ..., and `check` each
+    /// time, until they stay.
+    template <typename Operation, typename Check>
+    void RemoveAtEachEntry(const Operation& operation, const Check& check) {
+        for (removingEntry = 1;; ++removingEntry) {
+            WriteFile("P.STDMEMXML", kDefinitions);
+            WriteFile("OUT\\P.STDMEMXML", kDelivered);
+            WriteFile("DEFAULT.XML", kDefinitions);
+            entries = 0;
+            operation();
+            EXPECT_EQ(library.Complaints(), "");
+            if (entries < removingEntry) {
+                EXPECT_GT(removingEntry, 10U);
+                return;
+            }
+            check();
+        }
+    }
+};
+
+TEST_F(VanishingConfigTest, AFileThatGoesBeforeItIsOpenedFailsToLoad) {
+    ConfigOutcome outcome = ConfigOutcome::Done;
+    RemoveAtEachEntry([&] { outcome = files.Load("P"); },
+                      [&] {
+                          const bool isLoaded = Size(1) == 2U;
+                          EXPECT_EQ(isLoaded, removingEntry > 1) << "opened, it is read whole";
+                          EXPECT_EQ(outcome,
+                                    isLoaded ? ConfigOutcome::Done : ConfigOutcome::Failed);
+                          EXPECT_EQ(store.GetCurrentPath(), isLoaded ? "P.STDMEMXML" : "");
+                      });
+    EXPECT_EQ(outcome, ConfigOutcome::Done);
+}
+
+TEST_F(VanishingConfigTest, AMergeHasWhatTheProjectsFileHolds) {
+    RemoveAtEachEntry(
+        [&] { files.Merge("P", "OUT"); },
+        [&] {
+            const bool isThere = Exists("P.STDMEMXML");
+            EXPECT_TRUE(isThere || !store.GetCurrentPath().empty() || store.Types().size() == 4);
+        });
+    EXPECT_EQ(Size(1), 2U);
+    EXPECT_EQ(Size(2), 4U);
+}
+
+}  // namespace
+}  // namespace orvell::test
