@@ -29,7 +29,8 @@ const Operations& CommonOperations() {
 }
 
 const Operations& AllOperations() {
-    static const Operations operations = Join({CommonOperations(), TransferOperations()});
+    static const Operations operations =
+        Join({CommonOperations(), FileOperations(), TransferOperations()});
     return operations;
 }
 

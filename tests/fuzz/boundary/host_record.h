@@ -27,8 +27,8 @@ inline std::vector<std::size_t> PointersOf(const ElementRecord&) {
 inline std::vector<std::size_t> PointersOf(const ConfigurationRecord&) {
     return {4, 8};
 }
-inline std::vector<std::size_t> PointersOf(const DialogParameterRecord&) {
-    return {4, 24, 32, 40, 44};
+inline std::vector<std::size_t> PointersOf(const HostExportTable&) {
+    return {4, 8, 12, 16};
 }
 
 /// A host's record in memory of exactly the size that it declares, which the program chooses.

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "host_memory.h"
+#include "memory_files.h"
 #include "require.h"
 #include "resources/built_in_strings.h"
 
@@ -76,6 +77,7 @@ void RequireSame(const std::string& actual, const std::string& expected, const c
 }
 
 Session::Session() {
+    MemoryFiles().clear();
     LoadModule();
     standard.size = sizeof standard;
     Require(GetStdParaFctns(&standard) == 1, "the standard-parameter table is given");
@@ -145,6 +147,25 @@ void Session::CompareList() {
         CompareKind(kind, expected->second);
         ++expected;
     }
+}
+
+void Session::AdoptList() {
+    const auto kinds = host::TheModule().parameters.Kinds();
+    if (!kinds.empty()) {
+        list.BuildOrClear();
+    }
+    for (const paramlist::ParameterKind& kind : kinds) {
+        ModelKind& adopted = list.Kinds().at(kind.Keyword());
+        kind.VisitInOrder([&](const paramlist::ParameterEntry& entry) {
+            const auto bytes = entry.Value().Bytes();
+            adopted.entries.push_back({entry.Number(),
+                                       (entry.Flags() & paramlist::kDeclaredMark) != 0,
+                                       std::string(entry.Name()), std::string(entry.Comment()),
+                                       ValueOfBytes(adopted.type, {bytes.begin(), bytes.end()})});
+            return true;
+        });
+    }
+    CompareList();
 }
 
 void Session::ExpectMessages(std::size_t count) {

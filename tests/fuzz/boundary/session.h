@@ -30,6 +30,9 @@ class Session {
     /// Compares all entries of the list with the model's.
     void CompareList();
 
+    /// Makes the model's list the module's.
+    void AdoptList();
+
     /// Compares how many messages have been shown since the last call.
     void ExpectMessages(std::size_t count);
 
@@ -89,6 +92,9 @@ struct Operation {
 
 /// Values of consecutive numbers, and those that lie in signals.
 [[nodiscard]] std::span<const Operation> VectorOperations();
+
+/// The list's files, and what the host is told of them.
+[[nodiscard]] std::span<const Operation> FileOperations();
 
 /// Definitions, and what is told of them.
 [[nodiscard]] std::span<const Operation> DefinitionOperations();

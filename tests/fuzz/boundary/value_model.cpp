@@ -1,8 +1,10 @@
 #include "value_model.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 
 #include "host_memory.h"
@@ -227,6 +229,21 @@ std::string StoredBytes(ModelType type, const ModelValue& value) {
             return BytesOf(value.integer).substr(0, width);
         }
     }
+}
+
+ModelValue ValueOfBytes(ModelType type, const std::string& bytes) {
+    ModelValue value;
+    value.isDefined = !bytes.empty();
+    if (type == ModelType::Text) {
+        value.text = bytes.substr(0, bytes.empty() ? 0 : bytes.size() - 1);
+    } else if (type == ModelType::Number) {
+        std::memcpy(&value.number, bytes.data(), std::min(bytes.size(), sizeof value.number));
+    } else if (!bytes.empty()) {
+        std::int64_t integer = 0;
+        std::memcpy(&integer, bytes.data(), std::min(bytes.size(), sizeof integer));
+        Store(type, value, integer);
+    }
+    return value;
 }
 
 }  // namespace orvell::fuzz

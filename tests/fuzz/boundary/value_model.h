@@ -34,6 +34,9 @@ bool SetText(ModelType type, ModelValue& value, const std::optional<std::string>
 /// The value as it is stored; empty when it is undefined.
 [[nodiscard]] std::string StoredBytes(ModelType type, const ModelValue& value);
 
+/// The value that is stored so.
+[[nodiscard]] ModelValue ValueOfBytes(ModelType type, const std::string& bytes);
+
 /// The integer part of a number; -2^63 for one that 64 bits do not hold.
 [[nodiscard]] std::int64_t IntegerPart(const double& number);
 
