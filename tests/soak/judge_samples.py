@@ -68,7 +68,11 @@ def panel(top, name, cycles, values, warm_up):
     def y_of(value):
         return top + PANEL_HEIGHT * (1 - value / highest)
 
-    points = " ".join(f"{x_of(x):.1f},{y_of(y):.1f}" for x, y in zip(cycles, values))
+    last_sample = len(values) - 1
+    points = " ".join(
+        f"{x_of(cycle):.1f},{y_of(value):.1f}"
+        for i, (cycle, value) in enumerate(zip(cycles, values))
+        if i in (0, last_sample) or not values[i - 1] == value == values[i + 1])
     bottom = top + PANEL_HEIGHT
     return f"""
 <rect x="{LEFT}" y="{top}" width="{x_of(warm_up) - LEFT:.1f}" height="{PANEL_HEIGHT}" fill="#eee"/>
