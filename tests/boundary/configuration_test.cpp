@@ -145,6 +145,35 @@ TEST_F(ConfigurationTest, ExportOntoItselfIsRefusedAndLosesNothing) {
     EXPECT_EQ(stage.Read("PLANT.STDMEMXML"), kOneWord);
 }
 
+TEST_F(ConfigurationTest, FilesThatOthersKeepToThemselvesAreFailures) {
+    const std::string file = stage.Write("PLANT.STDMEMXML", kOneWord);
+    const std::string kept = stage.Write("OTHER.STDMEMXML", "kept");
+    Load(project);
+    ConfigurationRecord here = Record(project);
+    const std::string otherProject = stage.Path("other.prj");
+    ConfigurationRecord there = Record(otherProject);
+    const std::string folder = stage.Path("OUT");
+    std::filesystem::create_directory(folder);
+    {
+        const OpenFile target(kept, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
+        slots.SaveStdMemConfig(&there, ++token);
+        EXPECT_EQ(watcher.TakeBoxes().size(), 1U) << "the new place may not be written";
+    }
+    {
+        const OpenFile source(file, GENERIC_WRITE, 0, OPEN_EXISTING);
+        slots.SaveStdMemConfig(&there, ++token);
+        slots.ExportStdMemConfig(&here, folder.c_str(), ++token);
+        EXPECT_EQ(watcher.TakeBoxes().size(), 2U) << "the file may not be read";
+        slots.MergeStdMemConfig(&here, folder.c_str(), ++token);
+        EXPECT_TRUE(watcher.TakeBoxes().empty()) << "a merge is silent";
+    }
+    EXPECT_EQ(stage.Read("OTHER.STDMEMXML"), "kept");
+    EXPECT_FALSE(stage.Has("OUT/PLANT.STDMEMXML"));
+    EXPECT_EQ(slots.GetStdStructSize(1), 2U);
+    slots.SaveStdMemConfig(&there, ++token);
+    EXPECT_EQ(stage.Read("OTHER.STDMEMXML"), kOneWord) << "it goes once they let it";
+}
+
 TEST_F(ConfigurationTest, MergeAddsWhatTheProjectDoesNotHave) {
     stage.Write("PLANT.STDMEMXML", kOneWord);
     const std::string source = stage.Path("source");

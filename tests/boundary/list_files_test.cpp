@@ -35,21 +35,6 @@ constexpr Value kValues[] = {
     {"OLEDTPARA1", "44189.28125"},
 };
 
-/// An open file, closed with the object.
-class OpenFile {
-  public:
-    OpenFile(const std::string& path, DWORD access, DWORD sharing, DWORD disposition)
-        : handle_(CreateFileA(path.c_str(), access, sharing, nullptr, disposition, 0, nullptr)) {
-        EXPECT_NE(handle_, INVALID_HANDLE_VALUE) << path;
-    }
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
-    ~OpenFile() { CloseHandle(handle_); }
-
-  private:
-    HANDLE handle_;
-};
-
 class ListFilesTest : public testing::Test {
   protected:
     ListFilesTest() {

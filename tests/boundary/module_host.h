@@ -1,5 +1,6 @@
 #pragma once
 
+#include <gtest/gtest.h>
 #include <windows.h>
 
 #include <cstdint>
@@ -65,6 +66,21 @@ class LoadedModule {
 
   private:
     HMODULE module_;
+};
+
+/// An open file, closed with the object.
+class OpenFile {
+  public:
+    OpenFile(const std::string& path, DWORD access, DWORD sharing, DWORD disposition)
+        : handle_(CreateFileA(path.c_str(), access, sharing, nullptr, disposition, 0, nullptr)) {
+        EXPECT_NE(handle_, INVALID_HANDLE_VALUE) << path;
+    }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+    ~OpenFile() { CloseHandle(handle_); }
+
+  private:
+    HANDLE handle_;
 };
 
 /// Memory of an exact size before a page that must not be touched: reading or writing one byte too
