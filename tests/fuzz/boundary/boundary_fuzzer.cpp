@@ -23,8 +23,8 @@ Operations Join(std::initializer_list<std::span<const Operation>> parts) {
 /// What the host may call at any time, also while a function of its own is being called.
 const Operations& CommonOperations() {
     static const Operations operations =
-        Join({ListOperations(), ValueOperations(), VectorOperations(), DefinitionOperations(),
-              RecordOperations(), ResolveOperations()});
+        Join({ListOperations(), ValueOperations(), FormOperations(), VectorOperations(),
+              DefinitionOperations(), RecordOperations(), ResolveOperations()});
     return operations;
 }
 

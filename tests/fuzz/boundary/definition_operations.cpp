@@ -11,7 +11,7 @@ namespace {
 /// No system has files below this path.
 constexpr const char* kProject = "/dev/null/plant.prj";
 
-void Load(Session& session, Program& program) {
+void LoadDefinitions(Session& session, Program& program) {
     static const std::array<const char*, 4> kFiles = {kDefinitions, "<Definitions/>",
                                                       "<Definitions", ""};
     const char* const file = program.Pick(kFiles);
@@ -33,7 +33,7 @@ void Load(Session& session, Program& program) {
     }
 }
 
-void Close(Session& session, Program& program) {
+void CloseDefinitions(Session& session, Program& program) {
     const std::uint32_t token = session.ChooseConfigToken(program);
     session.standard.CloseStdMemConfig(token);
     if (session.AdmitConfig(token)) {
@@ -42,7 +42,7 @@ void Close(Session& session, Program& program) {
 }
 
 /// The project has no definition file of its own: there is nothing to save, export or merge.
-void Copy(Session& session, Program& program) {
+void CopyDefinitions(Session& session, Program& program) {
     HostText path(kProject);
     HostText directory(program.Decide() ? std::optional<std::string>("/dev/null") : std::nullopt);
     HostRecord<ConfigurationRecord> record(program,
@@ -60,7 +60,7 @@ void Copy(Session& session, Program& program) {
     session.ExpectMessages(isAdmitted && isExport ? 1 : 0);
 }
 
-void RequireText(const char* actual, const char* expected, const char* what) {
+void RequireName(const char* actual, const char* expected, const char* what) {
     Require((actual == nullptr) == (expected == nullptr), what);
     Require(expected == nullptr || std::string(actual) == expected, what);
 }
@@ -88,8 +88,8 @@ void RequireEmptied(HostRecord<Record>& record, Record expected) {
 /// Compares a type's description, gives its texts back, and sees the record emptied.
 void RequireDescribed(Session& session, TypeRecord& record, const TypeInformationRecord& expected) {
     const TypeInformationRecord actual = record.Understood();
-    RequireText(actual.name, record.Holds(8) ? expected.name : nullptr, "a type has its name");
-    RequireText(actual.baseTypeName, record.Holds(16) ? expected.baseTypeName : nullptr,
+    RequireName(actual.name, record.Holds(8) ? expected.name : nullptr, "a type has its name");
+    RequireName(actual.baseTypeName, record.Holds(16) ? expected.baseTypeName : nullptr,
                 "a type has its base type's name");
     TypeInformationRecord rest = expected;
     rest.name = actual.name;
@@ -183,8 +183,8 @@ void AskElement(Session& session, Program& program) {
         const ModelElement& model = area->elements[index];
         type = DescriptionOf(model);
         const ElementRecord actual = element.Understood();
-        RequireText(actual.name, element.Holds(4) ? model.name : nullptr, "elements have names");
-        RequireText(actual.typeName, element.Holds(8) ? model.typeName : nullptr,
+        RequireName(actual.name, element.Holds(4) ? model.name : nullptr, "elements have names");
+        RequireName(actual.typeName, element.Holds(8) ? model.typeName : nullptr,
                     "elements have types");
         expected = {sizeof expected, actual.name,  actual.typeName, index,
                     model.dimension, model.offset, type.storedSize};
@@ -195,16 +195,17 @@ void AskElement(Session& session, Program& program) {
     RequireSame(element.Bytes(), element.With({}), "a released record is emptied");
 }
 
-constexpr std::array kOperations = {
-    Operation{'L', Load},       Operation{'X', Close},        Operation{'J', Copy},
-    Operation{'i', AskType},    Operation{'j', AskStructure}, Operation{'E', AskEnumerator},
+constexpr std::array kDefinitionOperations = {
+    Operation{'L', LoadDefinitions}, Operation{'X', CloseDefinitions},
+    Operation{'J', CopyDefinitions}, Operation{'i', AskType},
+    Operation{'j', AskStructure},    Operation{'E', AskEnumerator},
     Operation{'m', AskElement},
 };
 
 }  // namespace
 
 std::span<const Operation> DefinitionOperations() {
-    return kOperations;
+    return kDefinitionOperations;
 }
 
 }  // namespace orvell::fuzz

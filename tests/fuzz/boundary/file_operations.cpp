@@ -32,7 +32,7 @@ std::string ListFile(const ConfigurationRecord& record) {
     return project.empty() ? "" : project == "?" ? "?.SIL" : "OTHER.SIL";
 }
 
-void Save(Session& session, Program& program) {
+void SaveList(Session& session, Program& program) {
     HostText path(ChooseProject(program));
     auto record = Project(program, path);
     const std::string file = ListFile(record.Understood());
@@ -42,7 +42,7 @@ void Save(Session& session, Program& program) {
 }
 
 /// What a file holds is a matter of the readers: the model takes over what they have made of it.
-void Load(Session& session, Program& program) {
+void LoadList(Session& session, Program& program) {
     HostText path(ChooseProject(program));
     auto record = Project(program, path);
     const std::string file = ListFile(record.Understood());
@@ -66,7 +66,7 @@ Path ChooseFile(Program& program) {
     return file == nullptr ? std::nullopt : Path(file);
 }
 
-void Export(Session& session, Program& program) {
+void ExportList(Session& session, Program& program) {
     HostText project(std::nullopt);
     auto record = Project(program, project);
     const Path path = ChooseFile(program);
@@ -78,7 +78,7 @@ void Export(Session& session, Program& program) {
     session.ExpectMessages(session.list.Admit() && fails ? 1 : 0);
 }
 
-void Import(Session& session, Program& program) {
+void ImportList(Session& session, Program& program) {
     HostText project(std::nullopt);
     auto record = Project(program, project);
     const Path path = ChooseFile(program);
@@ -133,15 +133,15 @@ void InstallPage(Session&, Program& program) {
     RequireSame(record.Bytes(), before, "a table of callbacks stays");
 }
 
-constexpr std::array kOperations = {
-    Operation{'2', Save},   Operation{'1', Load},        Operation{'4', Export},
-    Operation{'3', Import}, Operation{'H', InstallPage},
+constexpr std::array kFileOperations = {
+    Operation{'2', SaveList},   Operation{'1', LoadList},    Operation{'4', ExportList},
+    Operation{'3', ImportList}, Operation{'H', InstallPage},
 };
 
 }  // namespace
 
 std::span<const Operation> FileOperations() {
-    return kOperations;
+    return kFileOperations;
 }
 
 }  // namespace orvell::fuzz

@@ -57,6 +57,11 @@ class ListModel {
     /// The oldest entry at the address, whatever the mode.
     [[nodiscard]] ModelEntry* FindOldest(const std::string& text);
 
+    /// Has `set(type, value)` set the value of the entry that may be written, and tells which one
+    /// that is; it is created if need be. False without one, else the setter's result.
+    template <typename Set>
+    bool Write(const std::string& text, const Set& set, ModelEntry** written = nullptr);
+
     /// Has `set(type, value)` set the values of consecutive numbers, and describes the elements.
     template <typename Values, typename Set>
     void FillVector(const std::string& text, const Values& values, const Set& set);
@@ -69,6 +74,17 @@ class ListModel {
     std::uint32_t token_ = 0;
     std::uint32_t lastToken_ = 0;
 };
+
+template <typename Set>
+bool ListModel::Write(const std::string& text, const Set& set, ModelEntry** written) {
+    const ModelAddress address = Parse(text);
+    ModelEntry* const entry =
+        address.kind == nullptr ? nullptr : EntryToWrite(*address.kind, address.number);
+    if (written != nullptr) {
+        *written = entry;
+    }
+    return entry != nullptr && set(address.kind->type, entry->value);
+}
 
 template <typename Values, typename Set>
 void ListModel::FillVector(const std::string& text, const Values& values, const Set& set) {

@@ -9,7 +9,7 @@
 namespace orvell::fuzz {
 namespace {
 
-std::uint32_t ChooseCount(Program& program) {
+std::uint32_t ChooseShownCount(Program& program) {
     constexpr std::array<std::uint32_t, 6> kCounts = {1, 2, 0, 5, 0xFFFFFFFF, 0x80000001};
     return program.Pick(kCounts);
 }
@@ -39,8 +39,8 @@ bool IsOfWords(const ModelArea& area) {
     return area.hasValues;
 }
 
-void RequireText(const ParameterRecord& record, const ModelArea& area, const std::string& bytes,
-                 char* text) {
+void RequireJoined(const ParameterRecord& record, const ModelArea& area, const std::string& bytes,
+                   char* text) {
     constexpr std::uint8_t kHexadecimal = 3;
     if ((record.format & 15) == kHexadecimal || !IsOfWords(area)) {
         return;
@@ -68,10 +68,14 @@ void RequireList(const ParameterRecord& record, const ModelArea& area, const std
 void Show(Session& session, Program& program) {
     const std::string bytes = ChooseWords(program);
     HostMemory memory(bytes);
-    ParameterRecord content{sizeof content,       ChooseArea(program),
-                            ChooseCount(program), static_cast<std::uint32_t>(bytes.size()),
-                            memory.Data(),        program.Decide() ? 1 : 0,
-                            program.Byte(),       {}};
+    ParameterRecord content{sizeof content,
+                            ChooseArea(program),
+                            ChooseShownCount(program),
+                            static_cast<std::uint32_t>(bytes.size()),
+                            memory.Data(),
+                            program.Decide() ? 1 : 0,
+                            program.Byte(),
+                            {}};
     content.bytes = program.Choose(8) == 7 ? nullptr : content.bytes;
     HostRecord<ParameterRecord> host(program, content);
     const ParameterRecord record = host.Understood();
@@ -86,7 +90,7 @@ void Show(Session& session, Program& program) {
     NameListNode* const list = session.standard.GetStdParameterTextList(host.Pointer());
     if (isWhole) {
         if (record.bytes != nullptr) {
-            RequireText(record, *area, bytes, text);
+            RequireJoined(record, *area, bytes, text);
         }
         RequireList(record, *area, bytes, list);
     } else {
@@ -97,12 +101,12 @@ void Show(Session& session, Program& program) {
     RequireSame(host.Bytes() + memory.Bytes(), before, "a value that is shown stays");
 }
 
-constexpr std::array kOperations = {Operation{'S', Show}};
+constexpr std::array kRecordOperations = {Operation{'S', Show}};
 
 }  // namespace
 
 std::span<const Operation> RecordOperations() {
-    return kOperations;
+    return kRecordOperations;
 }
 
 }  // namespace orvell::fuzz

@@ -79,20 +79,20 @@ std::optional<std::string> Gathered(Session& session, const ModelArea& area, std
 void Resolve(Session& session, Program& program) {
     constexpr std::array<const char*, 8> kPaths = {"",    "x",   "y[0]",  "y[1]",
                                                    "[0]", "[1]", "[1].x", "z"};
-    constexpr std::array<const char*, 3> kNumbers = {"5", "-7", "32767"};
+    constexpr std::array<const char*, 3> kSpelled = {"5", "-7", "32767"};
     std::vector<std::pair<std::string, std::string>> texts;
     HostList list;
     const std::uint32_t pairs = program.Choose(4);
     for (std::uint32_t i = 0; i < pairs; ++i) {
         const char* const path = program.Pick(kPaths);
-        texts.emplace(texts.begin(), path, program.Pick(kNumbers));
+        texts.emplace(texts.begin(), path, program.Pick(kSpelled));
         list.Add(texts.front().first, texts.front().second);
     }
-    constexpr std::array<std::int32_t, 5> kAreas = {1, 2, 4, 5, 99};
+    constexpr std::array<std::int32_t, 5> kResolvedAreas = {1, 2, 4, 5, 99};
     const std::optional<std::string> address = ChooseAddress(program);
     HostText addressText(address);
     const ParameterDescriptionRecord content{
-        sizeof content, program.Pick(kAreas), program.Choose(4), 77, nullptr, 1, 0, {},
+        sizeof content, program.Pick(kResolvedAreas), program.Choose(4), 77, nullptr, 1, 0, {},
         list.Head(),    addressText.Pointer()};
     HostRecord<ParameterDescriptionRecord> host(program, content);
     const ParameterDescriptionRecord record = host.Understood();
@@ -121,12 +121,12 @@ void Resolve(Session& session, Program& program) {
     }
 }
 
-constexpr std::array kOperations = {Operation{'O', Resolve}};
+constexpr std::array kResolveOperations = {Operation{'O', Resolve}};
 
 }  // namespace
 
 std::span<const Operation> ResolveOperations() {
-    return kOperations;
+    return kResolveOperations;
 }
 
 }  // namespace orvell::fuzz

@@ -90,6 +90,9 @@ struct Operation {
 /// Values, one at a time.
 [[nodiscard]] std::span<const Operation> ValueOperations();
 
+/// Values, in the forms of buffers.
+[[nodiscard]] std::span<const Operation> FormOperations();
+
 /// Values of consecutive numbers, and those that lie in signals.
 [[nodiscard]] std::span<const Operation> VectorOperations();
 

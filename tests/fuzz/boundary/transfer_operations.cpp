@@ -1,101 +1,24 @@
 #include <array>
-#include <limits>
-#include <stdexcept>
 
+#include "bad_host.h"
 #include "definition_model.h"
 #include "host_record.h"
 #include "require.h"
 #include "session.h"
-#include "unit/values/recording_host.h"
-#include "vocabulary.h"
 
 namespace orvell::fuzz {
 namespace {
 
-constexpr std::uint32_t kNever = std::numeric_limits<std::uint32_t>::max();
-
-/// What the host's functions hand out.
-constexpr std::array<std::uint8_t, 8> kSupply = {'1', '2', '3', '4', '5', '6', '7', '8'};
-
-/// A host whose functions do as they should, but for one call.
-class BadHost {
-  public:
-    BadHost(Session& session, Program& program)
-        : session_(session), program_(program), misdeed_(program.Pick(kMisdeeds)) {
-        call_ = misdeed_ == Misdeed::None ? kNever : program.Choose(4);
-        host_.supply.assign(kSupply.begin(), kSupply.end());
-        usual_ = program.Decide() ? -1 : 1;
-        host_.onCall = [this] { OnCall(); };
-        if (program.Choose(8) == 7) {
-            missing_ = program.Pick(kFunctions);
-        }
-    }
-
-    [[nodiscard]] OnlineAccessRecord Online() const { return host_.Online(missing_); }
-    [[nodiscard]] FillRecord Fill() const { return host_.Fill(); }
-    [[nodiscard]] volatile std::uint32_t* Cancel() { return &cancel_; }
-
-    /// Whether one of the area's values cannot be transferred by functions of this family.
-    [[nodiscard]] bool Fails(const ModelArea& area, std::uint32_t count,
-                             const std::string& family) const {
-        const std::uint64_t calls = std::uint64_t{area.leaves.size()} * count;
-        const bool isRefused = misdeed_ == Misdeed::Refuse || misdeed_ == Misdeed::Throw ||
-                               (misdeed_ == Misdeed::Cancel && family != "Put" && family != "Raw");
-        if (isRefused && call_ < calls - (misdeed_ == Misdeed::Cancel && calls != 0 ? 1 : 0)) {
-            return true;
-        }
-        for (const ModelLeaf& leaf : area.leaves) {
-            if (count != 0 && missing_ == family + leaf.functions) {
-                return true;
-            }
-        }
-        return false;
-    }
-
-  private:
-    enum class Misdeed { None, Refuse, Throw, Cancel, CallBack };
-    static constexpr std::array kMisdeeds = {Misdeed::None, Misdeed::Refuse, Misdeed::Throw,
-                                             Misdeed::Cancel, Misdeed::CallBack};
-    static constexpr std::array<const char*, 8> kFunctions = {
-        "Get16", "Put16", "Alt16", "GetText", "AltText", "Put8", "AltFloat", "GetFloat"};
-
-    void OnCall() {
-        const bool isTime = host_.calls.size() - 1 == call_;
-        host_.answer = isTime && misdeed_ == Misdeed::Refuse ? 0 : usual_;
-        if (!isTime) {
-            return;
-        }
-        if (misdeed_ == Misdeed::Throw) {
-            throw std::runtime_error("a host that is none");
-        }
-        if (misdeed_ == Misdeed::Cancel) {
-            cancel_ = 0x100;
-        }
-        if (misdeed_ == Misdeed::CallBack) {
-            RunFromCallback(session_, program_);
-        }
-    }
-
-    Session& session_;
-    Program& program_;
-    Misdeed misdeed_;
-    std::uint32_t call_ = kNever;
-    std::string missing_;
-    std::int32_t usual_ = 1;  ///< any answer but 0 is success
-    volatile std::uint32_t cancel_ = 0;
-    values::RecordingHost host_;
-};
-
-std::uint32_t ChooseCount(Program& program) {
+std::uint32_t ChooseElementCount(Program& program) {
     constexpr std::array<std::uint32_t, 8> kCounts = {1, 2, 0, 3, 40, 0xFFFFFFFF, 0x80000000, 4};
     return program.Pick(kCounts);
 }
 
 /// A record of an area, with bytes that mostly suffice.
-struct Value {
-    Value(Session& session, Program& program)
+struct GivenValue {
+    GivenValue(Session& session, Program& program)
         : identifier(ChooseArea(program)),
-          count(ChooseCount(program)),
+          count(ChooseElementCount(program)),
           bytes(LengthFor(session, program)),
           record(program, {sizeof(ParameterRecord),
                            identifier,
@@ -135,7 +58,7 @@ struct Value {
 };
 
 void Convert(Session& session, Program& program) {
-    Value value(session, program);
+    GivenValue value(session, program);
     BadHost host(session, program);
     OnlineAccessRecord online = host.Online();
     const std::string before = value.record.Bytes() + value.bytes.Bytes();
@@ -147,8 +70,8 @@ void Convert(Session& session, Program& program) {
     RequireSame(value.record.Bytes() + value.bytes.Bytes(), before, "a value given stays");
 }
 
-void Write(Session& session, Program& program) {
-    Value value(session, program);
+void WriteOnline(Session& session, Program& program) {
+    GivenValue value(session, program);
     BadHost host(session, program);
     OnlineAccessRecord online = host.Online();
     const std::string before = value.record.Bytes() + value.bytes.Bytes();
@@ -178,7 +101,8 @@ std::string Supplied(const ModelArea& area, std::uint32_t count, bool closesText
 }
 
 /// Compares the new bytes and what else the record has, and gives it back.
-void RequireFilled(Session& session, Value& value, const std::string& before, bool closesTexts) {
+void RequireFilled(Session& session, GivenValue& value, const std::string& before,
+                   bool closesTexts) {
     const ParameterRecord actual = value.record.Understood();
     ParameterRecord expected = value.understood;
     expected.length = value.area->size * value.understood.count;
@@ -200,7 +124,7 @@ void RequireFilled(Session& session, Value& value, const std::string& before, bo
 
 /// Reads through the getters (slot 17) or lets the host fill the bytes (slot 19).
 void FillNew(Session& session, Program& program, bool isOnline) {
-    Value value(session, program);
+    GivenValue value(session, program);
     BadHost host(session, program);
     OnlineAccessRecord online = host.Online();
     FillRecord fill = host.Fill();
@@ -231,7 +155,7 @@ void FillNew(Session& session, Program& program, bool isOnline) {
 }
 
 void FillInPlace(Session& session, Program& program) {
-    Value value(session, program);
+    GivenValue value(session, program);
     BadHost host(session, program);
     FillRecord fill = host.Fill();
     const std::string before = value.record.Bytes();
@@ -247,9 +171,9 @@ void FillInPlace(Session& session, Program& program) {
     }
 }
 
-constexpr std::array kOperations = {
+constexpr std::array kTransferOperations = {
     Operation{'p', Convert},
-    Operation{'P', Write},
+    Operation{'P', WriteOnline},
     Operation{'r', [](Session& session, Program& program) { FillNew(session, program, true); }},
     Operation{'R', [](Session& session, Program& program) { FillNew(session, program, false); }},
     Operation{'q', FillInPlace},
@@ -258,7 +182,7 @@ constexpr std::array kOperations = {
 }  // namespace
 
 std::span<const Operation> TransferOperations() {
-    return kOperations;
+    return kTransferOperations;
 }
 
 }  // namespace orvell::fuzz

@@ -12,7 +12,7 @@ using Texts = std::optional<std::string>;
 
 constexpr std::size_t kSignalAddressBytes = 31;
 
-std::uint16_t ChooseCount(Program& program) {
+std::uint16_t ChooseVectorLength(Program& program) {
     constexpr std::array<std::uint16_t, 8> kCounts = {1, 2, 0, 3, 4, 9, 40, 300};
     return program.Pick(kCounts);
 }
@@ -29,7 +29,7 @@ std::string BytesOfAll(const Values& values) {
 
 void FillDoubles(Session& session, Program& program) {
     const Texts address = ChooseAddress(program);
-    std::vector<double> values(ChooseCount(program));
+    std::vector<double> values(ChooseVectorLength(program));
     for (std::size_t i = 0; i < std::min<std::size_t>(values.size(), 4); ++i) {
         values[i] = ChooseNumber(program);
     }
@@ -77,7 +77,7 @@ void GetVector(Session& session, Program& program, std::uint16_t count, const Ge
 }
 
 void GetWords(Session& session, Program& program) {
-    const std::uint16_t count = ChooseCount(program);
+    const std::uint16_t count = ChooseVectorLength(program);
     GetVector<std::uint16_t>(session, program, count, WordOf,
                              [](const char* address, std::uint16_t* words, std::uint16_t* number) {
                                  STDSIL_GetWordVector(address, words, 0xFFFFFFFF, number);
@@ -94,7 +94,7 @@ void GetWord(Session& session, Program& program) {
 }
 
 void GetDoubles(Session& session, Program& program) {
-    const std::uint16_t count = ChooseCount(program);
+    const std::uint16_t count = ChooseVectorLength(program);
     GetVector<double>(session, program, count, NumberOf,
                       [](const char* address, double* numbers, std::uint16_t* number) {
                           STDSIL_GetFloatValue(address, number, numbers);
@@ -150,7 +150,7 @@ void GetSignalText(Session& session, Program& program) {
 
 void FillSignal(Session& session, Program& program) {
     const Texts address = ChooseAddress(program);
-    std::vector<std::uint32_t> values(ChooseCount(program));
+    std::vector<std::uint32_t> values(ChooseVectorLength(program));
     for (std::size_t i = 0; i < std::min<std::size_t>(values.size(), 4); ++i) {
         values[i] = static_cast<std::uint32_t>(ChooseInteger(program));
     }
@@ -165,7 +165,7 @@ void FillSignal(Session& session, Program& program) {
 
 void GetSignalVector(Session& session, Program& program) {
     const Texts address = ChooseAddress(program);
-    const std::uint16_t count = ChooseCount(program);
+    const std::uint16_t count = ChooseVectorLength(program);
     HostMemory signal = MakeSignal(address, kSignalAddressBytes + count * sizeof(std::uint32_t));
     std::string expected = signal.Bytes();
     const ModelAddress parsed = session.list.Parse(SignalAddress(address));
