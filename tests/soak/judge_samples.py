@@ -13,8 +13,9 @@ import csv
 import sys
 from xml.sax.saxutils import escape
 
-# What the system's libraries keep for later they have after so many cycles.
-WARM_UP_CYCLES = 10
+# What the system's libraries keep for later they have after so many cycles; short runs are judged by
+# their second half.
+WARM_UP_CYCLES = 300
 WARM_UP_SHARE = 0.05
 # Bytes a cycle from which on they grow. Before so many cycles it is too early to say; sanitizers
 # alone keep up to 256 MB of freed memory.
@@ -104,7 +105,7 @@ def plot(title, columns, warm_up):
 def main(samples, title, picture):
     columns = read(samples)
     cycles = columns["cycle"]
-    warm_up = max(WARM_UP_CYCLES, cycles[-1] * WARM_UP_SHARE)
+    warm_up = max(min(WARM_UP_CYCLES, cycles[-1] / 2), cycles[-1] * WARM_UP_SHARE)
     start = next(i for i, cycle in enumerate(cycles) if cycle > warm_up)
     is_windows = "handles" in columns
     all_flat = True
