@@ -8,7 +8,7 @@
 namespace orvell::host {
 namespace {
 
-constexpr const char* kNotSaved = "Die Parameterliste konnte nicht gespeichert werden.";
+constexpr const char* kListNotSaved = "Die Parameterliste konnte nicht gespeichert werden.";
 
 class FullDiskTest : public ManagementTest {
   protected:
@@ -62,14 +62,14 @@ TEST_F(FullDiskTest, SavingIsReportedWithItsFile) {
 }
 
 TEST_F(FullDiskTest, ExportingIsReported) {
-    ExpectToldUntilThereIsRoom("out.sil", kNotSaved,
+    ExpectToldUntilThereIsRoom("out.sil", kListNotSaved,
                                [] { management::ExportList(nullptr, "out.sil"); });
-    ExpectToldUntilThereIsRoom("out.csv", kNotSaved,
+    ExpectToldUntilThereIsRoom("out.csv", kListNotSaved,
                                [] { management::ExportList(nullptr, "out.csv"); });
 }
 
 TEST_F(FullDiskTest, APartOfAFileIsNotOfferedToTheEditor) {
-    ExpectToldUntilThereIsRoom("out.csv", kNotSaved,
+    ExpectToldUntilThereIsRoom("out.csv", kListNotSaved,
                                [] { management::ExportAndOpenList(nullptr, "out.csv"); });
     EXPECT_EQ(messages.asked.size(), 1U);
 }

@@ -10,31 +10,32 @@ namespace orvell::host {
 namespace {
 
 /// Every second parameter is missing in the list, so that every second line is reported.
-constexpr int kParameters = 10;
-constexpr std::size_t kReportCalls = 2 * (kParameters / 2 + 2);  // a page and a line each
+constexpr int kImported = 10;
+constexpr std::size_t kReportCalls = 2 * (kImported / 2 + 2);  // a page and a line each
 
-std::size_t calls = 0;
-std::function<void()> onCall;
+std::size_t reportCalls = 0;
+std::function<void()> onReportCall;
 
-std::int32_t ORVELL_CALL LookUp(const char*) {
-    ++calls;
-    onCall();
+std::int32_t ORVELL_CALL LookUpReportPage(const char*) {
+    ++reportCalls;
+    onReportCall();
     return 1;
 }
 
-std::int32_t ORVELL_CALL Append(std::int32_t, const char*, std::uint32_t, std::int32_t) {
-    ++calls;
-    onCall();
+std::int32_t ORVELL_CALL AppendReportLine(std::int32_t, const char*, std::uint32_t, std::int32_t) {
+    ++reportCalls;
+    onReportCall();
     return 1;
 }
 
 class ImportCallbacksTest : public ManagementTest {
   protected:
     ImportCallbacksTest() {
-        const HostExportTable callbacks{sizeof(callbacks), LookUp, Append, nullptr, nullptr};
+        const HostExportTable callbacks{sizeof(callbacks), LookUpReportPage, AppendReportLine,
+                                        nullptr, nullptr};
         TheModule().callbacks.Install(&callbacks);
         std::string file;
-        for (int number = 1; number <= kParameters; ++number) {
+        for (int number = 1; number <= kImported; ++number) {
             file +=
                 "PW" + std::to_string(number) + ";name;" + std::to_string(100 + number) + ";;\n";
         }
@@ -42,11 +43,11 @@ class ImportCallbacksTest : public ManagementTest {
         BuildKinds();
     }
 
-    ~ImportCallbacksTest() override { onCall = nullptr; }
+    ~ImportCallbacksTest() override { onReportCall = nullptr; }
 
     static void FillList() {
         management::ClearList();
-        for (int number = 2; number <= kParameters; number += 2) {
+        for (int number = 2; number <= kImported; number += 2) {
             management::SetValueFromText(("PW" + std::to_string(number)).c_str(), "1");
         }
     }
@@ -54,7 +55,7 @@ class ImportCallbacksTest : public ManagementTest {
     /// Of the parameters that the list had, how many have their values from the file.
     static int ImportedCount() {
         int count = 0;
-        for (int number = 2; number <= kParameters; number += 2) {
+        for (int number = 2; number <= kImported; number += 2) {
             count += TextOf("PW" + std::to_string(number)) == std::to_string(100 + number) ? 1 : 0;
         }
         return count;
@@ -63,17 +64,17 @@ class ImportCallbacksTest : public ManagementTest {
     /// Imports while `action` runs in call 1, 2, 3, ... of the host, until there is none such;
     /// `check` after each. Returns how many there were.
     template <typename Action, typename Check>
-    static std::size_t InEveryCall(const Action& action, const Check& check) {
+    static std::size_t InEveryReportCall(const Action& action, const Check& check) {
         for (std::size_t chosen = 1;; ++chosen) {
             FillList();
-            calls = 0;
-            onCall = [&] {
-                if (calls == chosen) {
+            reportCalls = 0;
+            onReportCall = [&] {
+                if (reportCalls == chosen) {
                     action();
                 }
             };
             management::ImportIntoList(nullptr, "LIST.CSV");
-            if (calls < chosen) {
+            if (reportCalls < chosen) {
                 return chosen - 1;
             }
             check();
@@ -84,22 +85,23 @@ class ImportCallbacksTest : public ManagementTest {
 };
 
 TEST_F(ImportCallbacksTest, AReportThatThrowsDoesNotEndTheImport) {
-    const std::size_t failures = InEveryCall([] { throw std::runtime_error("of the host's"); },
-                                             [] {
-                                                 EXPECT_EQ(ImportedCount(), kParameters / 2);
-                                                 EXPECT_EQ(calls, kReportCalls);
-                                             });
+    const std::size_t failures =
+        InEveryReportCall([] { throw std::runtime_error("of the host's"); },
+                          [] {
+                              EXPECT_EQ(ImportedCount(), kImported / 2);
+                              EXPECT_EQ(reportCalls, kReportCalls);
+                          });
     EXPECT_EQ(failures, kReportCalls);
     EXPECT_TRUE(messages.shown.empty());
 }
 
 TEST_F(ImportCallbacksTest, AReportThatAlwaysThrowsIsNone) {
     FillList();
-    calls = 0;
-    onCall = [] { throw 7; };
+    reportCalls = 0;
+    onReportCall = [] { throw 7; };
     management::ImportIntoList(nullptr, "LIST.CSV");
-    EXPECT_EQ(calls, kReportCalls);
-    EXPECT_EQ(ImportedCount(), kParameters / 2);
+    EXPECT_EQ(reportCalls, kReportCalls);
+    EXPECT_EQ(ImportedCount(), kImported / 2);
     EXPECT_TRUE(messages.shown.empty());
 }
 
@@ -114,7 +116,7 @@ TEST_F(ImportCallbacksTest, TheListMayBeChangedWhileItIsImported) {
         },
     };
     for (const auto& action : actions) {
-        const std::size_t inEach = InEveryCall(action, [] {});
+        const std::size_t inEach = InEveryReportCall(action, [] {});
         EXPECT_GE(inEach, 2U * 2) << "the beginning and the end are reported whatever is found";
     }
 }
@@ -129,17 +131,18 @@ TEST_F(ImportCallbacksTest, AnImportMayRunInsideAnother) {
         }
     };
     const std::size_t nested =
-        InEveryCall(importAgain, [] { EXPECT_EQ(ImportedCount(), kParameters / 2); });
+        InEveryReportCall(importAgain, [] { EXPECT_EQ(ImportedCount(), kImported / 2); });
     EXPECT_GE(nested, kReportCalls);
 }
 
 TEST_F(ImportCallbacksTest, TheCallbacksMayBeTakenAwayInAnyCall) {
-    const HostExportTable callbacks{sizeof(callbacks), LookUp, Append, nullptr, nullptr};
-    const std::size_t removals = InEveryCall([] { TheModule().callbacks.Install(nullptr); },
-                                             [&] {
-                                                 EXPECT_EQ(ImportedCount(), kParameters / 2);
-                                                 TheModule().callbacks.Install(&callbacks);
-                                             });
+    const HostExportTable callbacks{sizeof(callbacks), LookUpReportPage, AppendReportLine, nullptr,
+                                    nullptr};
+    const std::size_t removals = InEveryReportCall([] { TheModule().callbacks.Install(nullptr); },
+                                                   [&] {
+                                                       EXPECT_EQ(ImportedCount(), kImported / 2);
+                                                       TheModule().callbacks.Install(&callbacks);
+                                                   });
     EXPECT_EQ(removals, kReportCalls);
 }
 

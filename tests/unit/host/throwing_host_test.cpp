@@ -10,7 +10,7 @@
 namespace orvell::host {
 namespace {
 
-constexpr std::size_t kLeaves = 6;  // of two points
+constexpr std::size_t kPointLeaves = 6;  // of two points
 
 class ThrowingHostTest : public SlotsTest {
   protected:
@@ -65,7 +65,7 @@ TEST_F(ThrowingHostTest, AGetterThatThrowsEndsTheReading) {
                              EXPECT_EQ(host.calls.size(), failing);
                              ExpectUnchanged();
                          });
-    EXPECT_EQ(failures, kLeaves);
+    EXPECT_EQ(failures, kPointLeaves);
     EXPECT_EQ(result, 1);
     slots::FreeStdParameter(&record);
 }
@@ -78,7 +78,7 @@ TEST_F(ThrowingHostTest, ASetterThatThrowsEndsTheWriting) {
                                                           EXPECT_EQ(host.calls.size(), failing);
                                                           ExpectUnchanged();
                                                       });
-        EXPECT_EQ(failures, kLeaves);
+        EXPECT_EQ(failures, kPointLeaves);
         EXPECT_EQ(result, 1);
     };
     expectEnd([](ParameterRecord* given, OnlineAccessRecord* access) {
@@ -89,13 +89,14 @@ TEST_F(ThrowingHostTest, ASetterThatThrowsEndsTheWriting) {
 
 TEST_F(ThrowingHostTest, AFillingGoesOnBehindALeafThatThrows) {
     const auto expectFailure = [&](auto slot) {
-        const std::size_t failures = ThrowAtEveryCall([&] { result = slot(&record, &fill); },
-                                                      [&](std::size_t) {
-                                                          EXPECT_EQ(result, 0);
-                                                          EXPECT_EQ(host.calls.size(), kLeaves);
-                                                          ExpectUnchanged();
-                                                      });
-        EXPECT_EQ(failures, kLeaves);
+        const std::size_t failures =
+            ThrowAtEveryCall([&] { result = slot(&record, &fill); },
+                             [&](std::size_t) {
+                                 EXPECT_EQ(result, 0);
+                                 EXPECT_EQ(host.calls.size(), kPointLeaves);
+                                 ExpectUnchanged();
+                             });
+        EXPECT_EQ(failures, kPointLeaves);
         EXPECT_EQ(result, 1);
     };
     expectFailure(slots::FillStdParameterValueInPlace);

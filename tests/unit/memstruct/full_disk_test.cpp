@@ -12,11 +12,11 @@ namespace {
 using memstruct::ConfigFiles;
 using memstruct::ConfigOutcome;
 
-constexpr const char* kDefinitions =
+constexpr const char* kProjectDefinitions =
     R"(<D><TypeList><Type Name="W" BaseType="UINT" Size="2"/></TypeList>)"
     R"(<MemoryList><Memory ID="1" Type="W"/></MemoryList></D>)";
 
-constexpr const char* kDelivered =
+constexpr const char* kDeliveredDefinitions =
     R"(<D><TypeList><Type Name="L" BaseType="UINT" Size="4"/></TypeList>)"
     R"(<MemoryList><Memory ID="2" Type="L"/></MemoryList></D>)";
 
@@ -24,7 +24,7 @@ class FullDiskConfigTest : public MemstructTest {
   protected:
     FullDiskConfigTest() {
         std::filesystem::create_directory("OUT");
-        WriteFile("P.STDMEMXML", kDefinitions);
+        WriteFile("P.STDMEMXML", kProjectDefinitions);
     }
 
     [[nodiscard]] std::uint32_t Size(std::uint32_t area) const {
@@ -37,7 +37,7 @@ class FullDiskConfigTest : public MemstructTest {
 
 TEST_F(FullDiskConfigTest, SavingElsewhereFailsAndTheProjectKeepsItsFile) {
     ASSERT_EQ(files.Load("P"), ConfigOutcome::Done);
-    const std::string whole = kDefinitions;
+    const std::string whole = kProjectDefinitions;
     for (std::size_t size = 0; size < whole.size(); ++size) {
         {
             const SmallDisk disk(size);
@@ -54,7 +54,7 @@ TEST_F(FullDiskConfigTest, SavingElsewhereFailsAndTheProjectKeepsItsFile) {
 }
 
 TEST_F(FullDiskConfigTest, ExportingFailsAndTheProjectKeepsItsFile) {
-    const std::string whole = kDefinitions;
+    const std::string whole = kProjectDefinitions;
     for (std::size_t size = 0; size < whole.size(); ++size) {
         const SmallDisk disk(size);
         EXPECT_EQ(files.Export("P", "OUT"), ConfigOutcome::Failed) << size;
@@ -67,12 +67,12 @@ TEST_F(FullDiskConfigTest, ExportingFailsAndTheProjectKeepsItsFile) {
 
 /// A merge is silent, and what the file holds then is in use.
 TEST_F(FullDiskConfigTest, AMergeUsesWhatItCouldWrite) {
-    WriteFile("OUT\\P.STDMEMXML", kDelivered);
+    WriteFile("OUT\\P.STDMEMXML", kDeliveredDefinitions);
     files.Merge("P", "OUT");
     const std::string merged = FileText("P.STDMEMXML");
     std::size_t failures = 0;
     for (std::size_t size = 0; size <= merged.size(); ++size) {
-        WriteFile("P.STDMEMXML", kDefinitions);
+        WriteFile("P.STDMEMXML", kProjectDefinitions);
         {
             const SmallDisk disk(size);
             files.Merge("P", "OUT");
@@ -90,8 +90,8 @@ TEST_F(FullDiskConfigTest, AMergeUsesWhatItCouldWrite) {
 }
 
 TEST_F(FullDiskConfigTest, AMergeIntoANewProjectNeedsNoWholeDefaultFile) {
-    WriteFile("OUT\\P.STDMEMXML", kDelivered);
-    WriteFile("DEFAULT.XML", kDefinitions);
+    WriteFile("OUT\\P.STDMEMXML", kDeliveredDefinitions);
+    WriteFile("DEFAULT.XML", kProjectDefinitions);
     store.SetDefaultPath("DEFAULT.XML");
     files.Merge("P", "OUT");
     const std::size_t room = FileText("P.STDMEMXML").size();
@@ -104,18 +104,18 @@ TEST_F(FullDiskConfigTest, AMergeIntoANewProjectNeedsNoWholeDefaultFile) {
         }
         isWhole = Size(1) == 2U && Size(2) == 4U;
         EXPECT_TRUE(isWhole || store.GetCurrentPath().empty() || Size(2) == 4U) << size;
-        EXPECT_EQ(FileText("DEFAULT.XML"), kDefinitions);
+        EXPECT_EQ(FileText("DEFAULT.XML"), kProjectDefinitions);
         EXPECT_EQ(library.Complaints(), "");
     }
     EXPECT_TRUE(isWhole);
 }
 
 std::uint64_t removingEntry = 0;
-std::uint64_t entries = 0;
+std::uint64_t libraryEntries = 0;
 
-/// Takes all files away at one of the entries into the library.
+/// Takes all files away at one of the libraryEntries into the library.
 void RemoveFiles(bool isEntry) {
-    if (isEntry && ++entries == removingEntry) {
+    if (isEntry && ++libraryEntries == removingEntry) {
         for (const char* path : {"P.STDMEMXML", "OUT\\P.STDMEMXML", "DEFAULT.XML"}) {
             std::filesystem::remove(path);
         }
@@ -132,13 +132,13 @@ class VanishingConfigTest : public FullDiskConfigTest {
     template <typename Operation, typename Check>
     void RemoveAtEachEntry(const Operation& operation, const Check& check) {
         for (removingEntry = 1;; ++removingEntry) {
-            WriteFile("P.STDMEMXML", kDefinitions);
-            WriteFile("OUT\\P.STDMEMXML", kDelivered);
-            WriteFile("DEFAULT.XML", kDefinitions);
-            entries = 0;
+            WriteFile("P.STDMEMXML", kProjectDefinitions);
+            WriteFile("OUT\\P.STDMEMXML", kDeliveredDefinitions);
+            WriteFile("DEFAULT.XML", kProjectDefinitions);
+            libraryEntries = 0;
             operation();
             EXPECT_EQ(library.Complaints(), "");
-            if (entries < removingEntry) {
+            if (libraryEntries < removingEntry) {
                 EXPECT_GT(removingEntry, 10U);
                 return;
             }

@@ -9,7 +9,7 @@ namespace {
 using memstruct::ConfigFiles;
 using memstruct::TypeDef;
 
-constexpr const char* kDefinitions = R"(<Definitions>
+constexpr const char* kLoadedDefinitions = R"(<Definitions>
     <TypeList><Type Name="S" BaseType="Structured"><Item Name="a" Type="E" Dimension="2"/></Type>
     <Type Name="E" BaseType="Enumerated" Size="1"><Item Value="1" Name="one"/></Type>
     <Type Name="D" BaseType="DATE" Format="MM/DD/YYYY"/></TypeList>
@@ -65,7 +65,7 @@ class LibraryFailureTest : public MemstructTest, public testing::WithParamInterf
 };
 
 TEST_P(LibraryFailureTest, Loading) {
-    WriteFile("P.STDMEMXML", kDefinitions);
+    WriteFile("P.STDMEMXML", kLoadedDefinitions);
     FailAtEachCall([this] { static_cast<void>(files.Load("P")); });
     EXPECT_EQ(store.Types().size(), 7U);
     EXPECT_EQ(store.TypeOfArea(1), Type("S"));
@@ -74,7 +74,7 @@ TEST_P(LibraryFailureTest, Loading) {
 TEST_P(LibraryFailureTest, MergingIntoAProject) {
     WriteFile("OUT\\P.STDMEMXML", kFurtherDefinitions);
     FailAtEachCall([this] {
-        WriteFile("P.STDMEMXML", kDefinitions);
+        WriteFile("P.STDMEMXML", kLoadedDefinitions);
         files.Merge("P", "OUT");
     });
     EXPECT_EQ(store.Types().size(), 8U);
@@ -91,12 +91,12 @@ TEST_P(LibraryFailureTest, MergingIntoANewProject) {
     EXPECT_EQ(store.GetCurrentPath(), "P.STDMEMXML");
 }
 
-constexpr const char* kNames[] = {"Once", "ForGood", "ByException"};
+constexpr const char* kFailureNames[] = {"Once", "ForGood", "ByException"};
 
 INSTANTIATE_TEST_SUITE_P(Failure, LibraryFailureTest,
                          testing::Values(Failure::Once, Failure::ForGood, Failure::ByException),
                          [](const auto& failure) {
-                             return std::string(kNames[static_cast<int>(failure.param)]);
+                             return std::string(kFailureNames[static_cast<int>(failure.param)]);
                          });
 
 }  // namespace
