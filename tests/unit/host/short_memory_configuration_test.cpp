@@ -149,6 +149,28 @@ TEST_F(ShortMemoryConfigurationTest, AFailedSavingIsReportedAndKeepsTheSource) {
     EXPECT_EQ(FileText(target), kDefinitions);
 }
 
+/// Not of memory, but seen by the same user: the library's calls fail one after the other.
+TEST_F(ShortMemoryConfigurationTest, OnlyAFileThatCannotBeOpenedIsTold) {
+    for (const bool isForGood : {false, true}) {
+        library.staysBroken = isForGood;
+        for (library.failingCall = 1;; ++library.failingCall) {
+            library.calls = 0;
+            Load();
+            if (library.calls < library.failingCall) {
+                EXPECT_GT(library.failingCall, 10U);
+                break;
+            }
+            const bool isOpened = library.failingCall > 1;
+            EXPECT_EQ(messages.shown.size(), isOpened ? 0U : 1U) << library.failingCall;
+            EXPECT_EQ(TheModule().store.GetCurrentPath(), isOpened ? kProjectFile : "");
+            EXPECT_EQ(library.Complaints(), "");
+        }
+        EXPECT_TRUE(messages.shown.empty());
+        EXPECT_EQ(Text(), "one; one");
+    }
+    library.failingCall = 0;
+}
+
 TEST_F(ShortMemoryConfigurationTest, ClosingNeedsNoMemory) {
     Load();
     EXPECT_TRUE(NeedsNoMemory([&] { slots::CloseStdMemConfig(++token); }));
