@@ -18,11 +18,18 @@ UINT_PTR WINAPI NoTimer(HWND, UINT_PTR, UINT, TIMERPROC) {
     return 0;
 }
 
-/// A timer is had at the hundredth attempt only.
+/// A timer is had at one attempt only.
+UINT_PTR goodAttempt = 0;
 UINT_PTR attempts = 0;
 UINT_PTR WINAPI LateTimer(HWND window, UINT_PTR number, UINT interval, TIMERPROC procedure) {
     attempts = number;
-    return number < 100 ? 0 : SetTimer(window, number, interval, procedure);
+    return number != goodAttempt ? 0 : SetTimer(window, number, interval, procedure);
+}
+
+DWORD HandleCount() {
+    DWORD count = 0;
+    GetProcessHandleCount(GetCurrentProcess(), &count);
+    return count;
 }
 
 class TransferDialogTest : public DialogTest {
@@ -107,9 +114,35 @@ TEST_F(TransferDialogTest, WithoutThreadOrTimerNothingIsWritten) {
 
 TEST_F(TransferDialogTest, TriesAHundredTimersAndEndsTheOneItGets) {
     system.setTimer = LateTimer;
-    EXPECT_EQ(Transfer(kInt, 4, [](const DialogUser&) {}), IDOK);
+    for (const UINT_PTR attempt : {1, 2, 3, 99, 100}) {
+        goodAttempt = attempt;
+        EXPECT_EQ(Transfer(kInt, 4, [](const DialogUser&) {}), IDOK);
+        EXPECT_EQ(attempts, attempt);
+    }
+    EXPECT_EQ(target.Puts().size(), 5U * 4U);
+    goodAttempt = 101;
+    EXPECT_EQ(Transfer(kInt, 4, [](const DialogUser& user) { user.AnswerBox(); }), IDCANCEL);
     EXPECT_EQ(attempts, 100U);
-    EXPECT_EQ(target.Puts().size(), 4U);
+    EXPECT_EQ(target.Puts().size(), 5U * 4U);
+}
+
+TEST_F(TransferDialogTest, TransfersThatCannotStartLeaveNoHandles) {
+    constexpr DWORD kTransfers = 6;
+    const auto answer = [](const DialogUser& user) { user.AnswerBox(); };
+    EXPECT_EQ(Transfer(kInt, 4, [](const DialogUser&) {}), IDOK);  // what is kept for later
+    system.startThread = NoThread;
+    EXPECT_EQ(Transfer(kInt, 4, answer), IDCANCEL);
+    const DWORD before = HandleCount();
+    for (DWORD transfer = 0; transfer < kTransfers; ++transfer) {
+        system = {};
+        if (transfer % 2 == 0) {
+            system.startThread = NoThread;
+        } else {
+            system.setTimer = NoTimer;
+        }
+        EXPECT_EQ(Transfer(kInt, 4, answer), IDCANCEL);
+    }
+    EXPECT_LT(HandleCount(), before + kTransfers);
 }
 
 TEST_F(TransferDialogTest, FailsAtTheFirstElementAsAtTheLast) {
