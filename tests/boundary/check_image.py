@@ -1,9 +1,11 @@
 #!/usr/bin/env python3
 """Checks the built DLL: exports exactly the names of the boundary, undecorated; imports system DLLs
-only; may be moved in memory and keeps its data from being executed."""
+only; may be moved in memory, keeps its data from being executed and its code from being written; its
+functions guard their stack."""
 
 import argparse
 import re
+import struct
 import subprocess
 import sys
 
@@ -23,6 +25,11 @@ SYSTEM_DLLS = {
 # Microsoft's PE format: DllCharacteristics
 DYNAMIC_BASE = 0x0040
 NX_COMPAT = 0x0100
+NO_SEH = 0x0400  # with it the system would not call the module's own handler of exceptions
+
+LEAST_GUARDED_FUNCTIONS = 100
+# The end of a process whose stack is overrun: mov ecx, 2; int 0x29
+FAIL_FAST = bytes.fromhex("b902000000cd29")
 
 
 def exports(dump):
@@ -34,9 +41,55 @@ def imports(dump):
     return [name.lower() for name in re.findall(r"DLL Name: (\S+)", dump)]
 
 
+def birth_time(image):
+    """TimeDateStamp of the image's file header."""
+    with open(image, "rb") as file:
+        data = file.read(4096)
+    header = struct.unpack_from("<I", data, 0x3C)[0]
+    return struct.unpack_from("<I", data, header + 8)[0]
+
+
+def sections(objdump, image):
+    """Name to flags and contents of the image's sections that are loaded."""
+    dump = subprocess.run([objdump, "-h", "-w", image], check=True, text=True,
+                          capture_output=True).stdout
+    with open(image, "rb") as file:
+        data = file.read()
+    result = {}
+    for line in dump.splitlines():
+        fields = line.split(maxsplit=7)
+        if len(fields) == 8 and fields[0].isdigit() and "ALLOC" in fields[7]:
+            size, offset = int(fields[2], 16), int(fields[5], 16)
+            result[fields[1]] = (fields[7], data[offset:offset + size] if offset else b"")
+    return result
+
+
+def guarded_places(nm, image, code):
+    """How often the code refers to the stack's guard; None in an image without symbols."""
+    symbols = subprocess.run([nm, image], check=True, text=True, capture_output=True).stdout
+    found = re.search(r"^([0-9a-f]+) . ___stack_chk_guard$", symbols, re.MULTILINE)
+    return code.count(int(found[1], 16).to_bytes(4, "little")) if found else None
+
+
+def check_protection(options, failures):
+    loaded = sections(options.objdump, options.image)
+    for name, (flags, _) in loaded.items():
+        if "CODE" in flags and "READONLY" not in flags:
+            failures.append(f"section {name} is both written and executed")
+    code = loaded[".text"][1]
+    if FAIL_FAST not in code:
+        failures.append("no function guards its stack")
+    places = guarded_places(options.nm, options.image, code)
+    # Each guarded function refers to it when it begins and when it ends.
+    if places is not None and places < 2 * LEAST_GUARDED_FUNCTIONS:
+        failures.append(f"only {places} references to the stack's guard")
+    return places
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--objdump", required=True)
+    parser.add_argument("--nm", required=True)
     parser.add_argument("--definition", required=True)
     parser.add_argument("image")
     options = parser.parse_args()
@@ -57,11 +110,16 @@ def main():
     for name, flag in (("dynamic base", DYNAMIC_BASE), ("NX", NX_COMPAT)):
         if not characteristics & flag:
             failures.append(f"{name} is off")
+    if characteristics & NO_SEH:
+        failures.append("handlers of exceptions are declared not to exist")
+    places = check_protection(options, failures)
+    if birth_time(options.image):
+        failures.append("the image carries its time of birth: two builds of the same would differ")
     if "Base Relocation Directory [.reloc]" not in dump:
         failures.append("no relocations: the image could not be moved")
 
     print(f"{options.image}: {len(exports(dump))} exports, imports {imports(dump)}, "
-          f"characteristics {characteristics:04x}")
+          f"characteristics {characteristics:04x}, {places} references to the stack's guard")
     for failure in failures:
         print("FAILED:", failure)
     return 1 if failures else 0
