@@ -122,7 +122,7 @@ void ORVELL_CALL LoadList(ConfigurationRecord* hostRecord) noexcept {
 
 void ORVELL_CALL SaveList(ConfigurationRecord* hostRecord) noexcept {
     OncePerToken(hostRecord, [](const ConfigurationRecord& record) {
-        const SaveOutcome outcome = Guarded<SaveOutcome>(SaveOutcome::FileNotWritten, [&] {
+        const auto outcome = Guarded<SaveOutcome>(SaveOutcome::FileNotWritten, [&] {
             return TheModule().projectList.Save(TextOrEmpty(record.path));
         });
         if (outcome != SaveOutcome::Done) {

@@ -46,6 +46,8 @@ class ZelkorToolBinding {
     [[nodiscard]] std::string LanguageLibraryPath() const;
 
   private:
+    // Named as the library exports them.
+    // NOLINTBEGIN(readability-identifier-naming)
     struct Functions {
         // Part of the library's contract, required to be there, not called by the module.
         void* AppendMsgLine = nullptr;
@@ -61,6 +63,7 @@ class ZelkorToolBinding {
         GetZelkorLanguageFunction GetZelkorLanguage = nullptr;
         GetZelkorLanguagePathFunction GetZelkorLanguagePath = nullptr;
     };
+    // NOLINTEND(readability-identifier-naming)
 
     [[nodiscard]] bool ResolveRequired();
 

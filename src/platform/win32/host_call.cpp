@@ -40,13 +40,14 @@ class Handler {
         if ((record->ExceptionFlags & kUnwinding) != 0 || record->ExceptionCode != kCppException) {
             return ExceptionContinueSearch;
         }
-        Handler* volatile handler = static_cast<Handler*>(frame);  // not in a register, which
-        RtlUnwind(frame, nullptr, record, nullptr);                // this need not preserve
+        auto* volatile handler = static_cast<Handler*>(frame);  // not in a register, which
+        RtlUnwind(frame, nullptr, record, nullptr);             // this need not preserve
         __builtin_longjmp(handler->Resume(), 1);
     }
 
     Handler* previous_;
-    EXCEPTION_DISPOSITION(__cdecl* onException_)(EXCEPTION_RECORD*, void*, CONTEXT*, void*);
+    [[maybe_unused]] EXCEPTION_DISPOSITION(__cdecl* onException_)(EXCEPTION_RECORD*, void*,
+                                                                  CONTEXT*, void*);
     void* resume_[5];  // as __builtin_setjmp wants it
 };
 

@@ -14,7 +14,7 @@ namespace orvell::platform {
 namespace {
 
 int holds = 0;  // inside each other
-HMODULE module = nullptr;
+HMODULE thisModule = nullptr;
 HANDLE unloading = nullptr;     // signalled by DllMain; from the first hold on
 std::atomic<DWORD> holder = 0;  // the thread that has held last
 std::atomic<bool> isReturning = false;
@@ -28,7 +28,8 @@ void GiveBackReference() {
     if (unloading == nullptr) {
         return;
     }
-    const HANDLE releasing = CreateThread(nullptr, 0, FreeLibraryOfSystem(), module, 0, nullptr);
+    const HANDLE releasing =
+        CreateThread(nullptr, 0, FreeLibraryOfSystem(), thisModule, 0, nullptr);
     if (releasing != nullptr) {
         const HANDLE ends[] = {releasing, unloading};
         WaitForMultipleObjects(2, ends, FALSE, INFINITE);
@@ -37,7 +38,7 @@ void GiveBackReference() {
 }
 
 DWORD SizeOfImage() {
-    const auto* const base = reinterpret_cast<const char*>(module);
+    const auto* const base = reinterpret_cast<const char*>(thisModule);
     const auto* const begin = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
     return reinterpret_cast<const IMAGE_NT_HEADERS*>(base + begin->e_lfanew)
         ->OptionalHeader.SizeOfImage;
@@ -53,7 +54,7 @@ bool IsInModule(HANDLE thread) {
     const bool isKnown = GetThreadContext(thread, &context) != FALSE;
     ResumeThread(thread);
     return isKnown &&
-           static_cast<DWORD>(context.Eip) - reinterpret_cast<DWORD>(module) < SizeOfImage();
+           static_cast<DWORD>(context.Eip) - reinterpret_cast<DWORD>(thisModule) < SizeOfImage();
 }
 
 /// Returns when the thread is out of the module, or has ended.
@@ -80,7 +81,7 @@ ModuleHold::ModuleHold() {
         unloading = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     }
     GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<LPCWSTR>(&holds),
-                       &module);
+                       &thisModule);
 }
 
 ModuleHold::~ModuleHold() {

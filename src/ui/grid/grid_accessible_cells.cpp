@@ -155,7 +155,7 @@ HRESULT GridAccessible::get_accSelection(VARIANT* children) {
             return S_OK;
         }
         const LONG first = grid_->ChildIdOf({selection.FirstRow(), current.column});
-        const auto count = static_cast<ULONG>(selection.LastRow() - selection.FirstRow() + 1);
+        const ULONG count = static_cast<ULONG>(selection.LastRow() - selection.FirstRow()) + 1;
         auto numbers =
             std::make_unique<ChildNumbers>(first, grid_->Model().GetColumnCount(), count);
         children->vt = VT_UNKNOWN;

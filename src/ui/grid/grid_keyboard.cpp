@@ -11,7 +11,7 @@ static_assert(grid_key::kRight == VK_RIGHT && grid_key::kDown == VK_DOWN);
 constexpr WPARAM kFirstPrintable = ' ';
 constexpr WPARAM kDelete = 0x7F;  // Ctrl+Backspace
 
-bool IsPressed(int key) {
+bool IsHeld(int key) {
     return GetKeyState(key) < 0;
 }
 
@@ -28,8 +28,8 @@ LRESULT CGridCtrl::DialogCode(const MSG* message) const {
 }
 
 bool CGridCtrl::OnKeyDown(WPARAM key) {
-    const bool isControlDown = IsPressed(VK_CONTROL);
-    const bool isShiftDown = IsPressed(VK_SHIFT);
+    const bool isControlDown = IsHeld(VK_CONTROL);
+    const bool isShiftDown = IsHeld(VK_SHIFT);
     if (const auto movement = MovementOfKey(static_cast<unsigned>(key), isControlDown)) {
         MoveCurrent(*movement, isShiftDown);
         return true;

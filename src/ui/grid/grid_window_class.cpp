@@ -36,7 +36,7 @@ GridWindowClass::GridWindowClass(HINSTANCE instance) : instance_(instance) {
     windowClass.cbSize = sizeof windowClass;
     windowClass.style = CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW;
     windowClass.lpfnWndProc = Procedure;
-    windowClass.cbWndExtra = sizeof(CGridCtrl*);
+    windowClass.cbWndExtra = sizeof(void*);  // to the object
     windowClass.hInstance = instance;
     windowClass.hCursor = LoadCursor(nullptr, IDC_ARROW);
     windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
