@@ -24,15 +24,22 @@ const resources::BuiltInStrings& BuiltIn() {
     return strings;
 }
 
-std::int32_t ORVELL_CALL AppendLine(std::int32_t, const char* line, std::uint32_t, std::int32_t) {
-    reportedLines.emplace_back(line);
-    return 1;
-}
-
 }  // namespace
 
 Module& TheModule() {
     return *currentModule;
+}
+
+std::int32_t ORVELL_CALL ManagementTest::AppendLine(std::int32_t, const char* line, std::uint32_t,
+                                                    std::int32_t) {
+    if (onEntryAndReturn != nullptr) {
+        onEntryAndReturn(true);
+    }
+    reportedLines.emplace_back(line);
+    if (onEntryAndReturn != nullptr) {
+        onEntryAndReturn(false);
+    }
+    return 1;
 }
 
 ManagementTest::ManagementTest() : reported(reportedLines) {

@@ -48,6 +48,9 @@ class ManagementTest : public testing::Test {
     ManagementTest();
     ~ManagementTest() override;
 
+    /// Told of each entry into the host and each return from it; null: nobody is.
+    static inline void (*onEntryAndReturn)(bool isEntry) = nullptr;
+
     static paramlist::ParameterList& List();
 
     /// Loads without a project: all kinds, no parameter.
@@ -69,6 +72,11 @@ class ManagementTest : public testing::Test {
     FakeRegistry registry;
     RecordedProcesses processes;
     std::vector<std::string>& reported;  ///< lines in the host's message page
+
+  private:
+    /// The host's function of the message page.
+    static std::int32_t ORVELL_CALL AppendLine(std::int32_t page, const char* line,
+                                               std::uint32_t color, std::int32_t emphasis);
 };
 
 }  // namespace orvell::host

@@ -33,7 +33,11 @@ class ShortMemoryManagementTest : public ManagementTest {
         management::ExportList(&record, kExportedCsv);
         management::ImportIntoList(&record, kExportedCsv);  // has all texts loaded
         EXPECT_TRUE(messages.shown.empty());
+        // The memory is short in the module, not in the host.
+        onEntryAndReturn = test::SuspendShortage;
     }
+
+    ~ShortMemoryManagementTest() override { onEntryAndReturn = nullptr; }
 
     static void FillList() {
         management::ClearList();
