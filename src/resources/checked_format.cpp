@@ -9,8 +9,9 @@
 namespace orvell::resources {
 namespace {
 
-/// Ten characters hold 32 bits in any base from 10 on.
-using DigitBuffer = std::array<char, 10>;
+/// Ten characters hold 32 bits in any base from 10 on. Sixteen are one vector of the processor, which
+/// GCC 12 takes care not to leave (-Wstringop-overflow at -O3).
+using DigitBuffer = std::array<char, 16>;
 
 std::string_view ToDigits(DigitBuffer& buffer, std::uint32_t number, int base = 10) {
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, base).ptr;
