@@ -9,8 +9,8 @@
 namespace orvell::resources {
 namespace {
 
-/// Ten characters hold 32 bits in any base from 10 on. Sixteen are one vector of the processor, which
-/// GCC 12 takes care not to leave (-Wstringop-overflow at -O3).
+/// Ten characters hold 32 bits in any base from 10 on. Sixteen are one vector of the processor: of
+/// fewer GCC 12 warns at -O3 that they could be overrun.
 using DigitBuffer = std::array<char, 16>;
 
 std::string_view ToDigits(DigitBuffer& buffer, std::uint32_t number, int base = 10) {
