@@ -58,30 +58,32 @@ struct GivenValue {
     }
 };
 
-void Convert(Session& session, Program& program) {
+/// Gives a value out by `call`, which must reach each leaf's function of this family or fail.
+template <typename Call>
+void GiveOut(Session& session, Program& program, const char* family, const Call& call) {
     GivenValue value(session, program);
     BadHost host(session, program);
     OnlineAccessRecord online = host.Online();
     const std::string before = value.record.Bytes() + value.bytes.Bytes();
     const Session::Transfer transfer(session);
-    const std::int32_t result =
-        session.standard.ConvertStdParameter(value.record.Pointer(), &online);
-    const bool isDone = value.IsWhole() && !host.Fails(*value.area, value.Elements(), "Put");
-    Require(result == (isDone ? 1 : 0), "a value is converted whole or not at all");
+    const std::int32_t result = call(value.record.Pointer(), online, host);
+    const bool isDone = value.IsWhole() && !host.Fails(*value.area, value.Elements(), family);
+    Require(result == (isDone ? 1 : 0), "a value is given out whole or not at all");
     RequireSame(value.record.Bytes() + value.bytes.Bytes(), before, "a value given stays");
 }
 
+void Convert(Session& session, Program& program) {
+    GiveOut(session, program, "Put",
+            [&](ParameterRecord* record, OnlineAccessRecord& online, BadHost&) {
+                return session.standard.ConvertStdParameter(record, &online);
+            });
+}
+
 void WriteOnline(Session& session, Program& program) {
-    GivenValue value(session, program);
-    BadHost host(session, program);
-    OnlineAccessRecord online = host.Online();
-    const std::string before = value.record.Bytes() + value.bytes.Bytes();
-    const Session::Transfer transfer(session);
-    const std::int32_t result =
-        session.standard.WriteStdParameterOnline(value.record.Pointer(), &online, host.Cancel());
-    const bool isDone = value.IsWhole() && !host.Fails(*value.area, value.Elements(), "Alt");
-    Require(result == (isDone ? 1 : 0), "a value is written whole or not at all");
-    RequireSame(value.record.Bytes() + value.bytes.Bytes(), before, "a value given stays");
+    GiveOut(session, program, "Alt",
+            [&](ParameterRecord* record, OnlineAccessRecord& online, BadHost& host) {
+                return session.standard.WriteStdParameterOnline(record, &online, host.Cancel());
+            });
 }
 
 /// What the leaves get from the host's functions.

@@ -8,11 +8,12 @@
 #include "fuzz/files/file_losses.h"
 #include "fuzz/files/german_strings.h"
 #include "fuzz/files/made_list.h"
-#include "fuzz/files/memory_files.h"
+#include "fuzz/files/portioned_source.h"
 #include "fuzz/input.h"
 #include "fuzz/require.h"
 #include "paramlist/csv_file_reader.h"
 #include "paramlist/csv_file_writer.h"
+#include "unit/paramlist/byte_stream_fakes.h"
 
 namespace orvell::fuzz {
 namespace {
@@ -55,7 +56,7 @@ PlainWarnings Read(ParameterList& list, std::string_view bytes, std::uint32_t rh
 }
 
 std::string Write(const ParameterList& list) {
-    MemorySink sink;
+    test::MemorySink sink;
     Require(WriteCsvFile(list, GermanStrings(), sink), "a sink that takes everything is enough");
     return std::move(sink.text);
 }

@@ -9,10 +9,11 @@
 #include "fuzz/files/german_strings.h"
 #include "fuzz/files/list_file_reference.h"
 #include "fuzz/files/made_list.h"
-#include "fuzz/files/memory_files.h"
+#include "fuzz/files/portioned_source.h"
 #include "fuzz/input.h"
 #include "fuzz/require.h"
 #include "paramlist/list_file_writer.h"
+#include "unit/paramlist/byte_stream_fakes.h"
 
 namespace orvell::fuzz {
 namespace {
@@ -26,7 +27,7 @@ bool Read(ParameterList& list, std::string_view bytes, std::uint32_t rhythm, Lis
 }
 
 std::string Write(const ParameterList& list) {
-    MemorySink sink;
+    test::MemorySink sink;
     Require(WriteListFile(list, GermanStrings(), sink), "a sink that takes everything is enough");
     return std::move(sink.text);
 }

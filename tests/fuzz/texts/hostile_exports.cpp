@@ -10,6 +10,7 @@
 #include "paramlist/list_file_writer.h"
 #include "paramlist/text_kinds.h"
 #include "resources/built_in_strings.h"
+#include "unit/paramlist/byte_stream_fakes.h"
 
 namespace orvell::fuzz {
 namespace {
@@ -34,18 +35,6 @@ class ChangedStrings : public platform::StringSource {
   private:
     const std::uint32_t number_;
     const std::string& text_;
-};
-
-class Sink : public platform::ByteSink {
-  public:
-    [[nodiscard]] bool Write(std::string_view bytes) override {
-        text += bytes;
-        return true;
-    }
-
-    [[nodiscard]] bool Close() override { return true; }
-
-    std::string text;
 };
 
 /// A bit, a word and an undefined text.
@@ -130,10 +119,10 @@ void ExportWithTranslation(std::uint8_t choice, const std::string& text) {
                                  StringId::ListHeaderPW,   StringId::CsvColumnLine};
     const ChangedStrings source(kIds[choice % kIds.size()], text);
     const StringTable strings(source);
-    Sink listFile;
+    test::MemorySink listFile;
     Require(WriteListFile(SmallList(), strings, listFile), "an export does not depend on texts");
     Require(listFile.text == ExpectedListFile(strings), "list files are what the formats say");
-    Sink csvFile;
+    test::MemorySink csvFile;
     Require(WriteCsvFile(SmallList(), strings, csvFile), "an export does not depend on texts");
     Require(csvFile.text == ExpectedCsvFile(strings), "CSV files are what the formats say");
 }

@@ -8,6 +8,7 @@
 #include "resources/built_in_strings.h"
 #include "support/fake_zelkor_tool.h"
 #include "support/recorded_messages.h"
+#include "support/xml_library_symbols.h"
 
 namespace orvell::host {
 namespace {
@@ -35,35 +36,7 @@ void ORVELL_CALL NotCalled() {
 }
 
 test::Symbols XmlSymbols() {
-    test::Symbols symbols;
-    for (const char* name : {"Create",
-                             "Open",
-                             "ParseText",
-                             "Save",
-                             "Close",
-                             "GetLastError",
-                             "FreeMString",
-                             "FreeHandle",
-                             "GetRootNode",
-                             "AddRootNodeByName",
-                             "GetFirstChildNode",
-                             "GetNextNode",
-                             "GetChildNodeByName",
-                             "AddChildNodeByName",
-                             "InsertBeforeNode",
-                             "RemoveNode",
-                             "GetNodeName",
-                             "GetNumOfAttribs",
-                             "GetNameOfAttrib",
-                             "GetAttribValueAsString",
-                             "GetAttribValueAsULONG",
-                             "SetStringValueAttrib",
-                             "SetULONGValueAttrib",
-                             "RemoveAttrib",
-                             "GetNodeText",
-                             "SetNodeText"}) {
-        symbols[std::string("XMLIF_") + name] = test::Address(NotCalled);
-    }
+    test::Symbols symbols = test::XmlLibrarySymbols(NotCalled);
     symbols["GetDLLVersion"] = test::Address(XmlVersion);
     return symbols;
 }

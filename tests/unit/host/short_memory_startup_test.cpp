@@ -7,6 +7,7 @@
 #include "resources/built_in_strings.h"
 #include "support/fake_libraries.h"
 #include "support/short_memory.h"
+#include "support/xml_library_symbols.h"
 
 namespace orvell::host {
 namespace {
@@ -84,35 +85,8 @@ const test::Symbols& SymbolsOf(const std::string& path) {
     static const test::Symbols tool = ToolSymbols();
     static const test::Symbols language{{"GetDLLVersion", test::Address(Version)}};
     static const test::Symbols xml = [] {
-        test::Symbols symbols = language;
-        for (const char* name : {"Create",
-                                 "Open",
-                                 "ParseText",
-                                 "Save",
-                                 "Close",
-                                 "GetLastError",
-                                 "FreeMString",
-                                 "FreeHandle",
-                                 "GetRootNode",
-                                 "AddRootNodeByName",
-                                 "GetFirstChildNode",
-                                 "GetNextNode",
-                                 "GetChildNodeByName",
-                                 "AddChildNodeByName",
-                                 "InsertBeforeNode",
-                                 "RemoveNode",
-                                 "GetNodeName",
-                                 "GetNumOfAttribs",
-                                 "GetNameOfAttrib",
-                                 "GetAttribValueAsString",
-                                 "GetAttribValueAsULONG",
-                                 "SetStringValueAttrib",
-                                 "SetULONGValueAttrib",
-                                 "RemoveAttrib",
-                                 "GetNodeText",
-                                 "SetNodeText"}) {
-            symbols[std::string("XMLIF_") + name] = test::Address(NeverCalled);
-        }
+        test::Symbols symbols = test::XmlLibrarySymbols(NeverCalled);
+        symbols.insert(language.begin(), language.end());
         return symbols;
     }();
     return path.ends_with("TOOL.DLL") ? tool : path.ends_with("RES.DLL") ? language : xml;

@@ -73,8 +73,11 @@ TEST(ParameterValue, TakesPartsOfItself) {
     EXPECT_EQ(BytesOf(value), (std::vector<std::uint8_t>{'t', 'e', 'x', 't'}));
     value.Assign(value.Bytes());
     EXPECT_EQ(value.Bytes().size(), 4U);
-    value = static_cast<const ParameterValue&>(value);
+    ParameterValue& same = value;
+    value = std::as_const(same);
     EXPECT_EQ(value.Bytes().size(), 4U);
+    value = std::move(same);
+    EXPECT_EQ(BytesOf(value), (std::vector<std::uint8_t>{'t', 'e', 'x', 't'}));
 }
 
 TEST(ParameterValue, CopiesAreIndependentAndMovesLeaveUndefined) {

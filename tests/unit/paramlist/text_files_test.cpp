@@ -99,6 +99,15 @@ TEST(TextWriterTest, WritesLargeBlocks) {
     EXPECT_LE(sink.writeCount, 5);
 }
 
+TEST(TextWriterTest, WritesNothingWhereThereIsNoText) {
+    MemorySink sink;
+    TextWriter writer(sink);
+    EXPECT_TRUE(writer.EndRecord());
+    EXPECT_TRUE(writer.Finish());
+    EXPECT_EQ(sink.writeCount, 0);
+    EXPECT_EQ(sink.closeCount, 1);
+}
+
 TEST(TextWriterTest, NoticesEveryError) {
     const std::string block(64 * 1024, 'x');
     for (int failing = 0; failing < 3; ++failing) {

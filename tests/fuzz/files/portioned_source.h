@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
 
 #include "platform/byte_stream.h"
@@ -36,19 +35,6 @@ class PortionedSource : public platform::ByteSource {
 
     std::string_view rest_;
     std::uint32_t state_;
-};
-
-/// Keeps what is written.
-class MemorySink : public platform::ByteSink {
-  public:
-    [[nodiscard]] bool Write(std::string_view bytes) override {
-        text += bytes;
-        return true;
-    }
-
-    [[nodiscard]] bool Close() override { return true; }
-
-    std::string text;
 };
 
 }  // namespace orvell::fuzz
