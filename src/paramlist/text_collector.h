@@ -21,7 +21,7 @@ class TextCollector {
     void Append(std::string_view run) {
         if (text_.empty()) {
             text_ = run;
-        } else if (text_.data() + text_.size() == run.data() && text_.data() != copy_.data()) {
+        } else if (text_.data() + text_.size() == run.data()) {  // behind the copy lies its NUL
             text_ = {text_.data(), text_.size() + run.size()};
         } else {
             AppendToCopy(run);
