@@ -54,14 +54,17 @@ inline constexpr std::array kPointerOffsets<DialogParameterRecord>{
     offsetof(DialogParameterRecord, extension)};
 template <>
 inline constexpr std::array kPointerOffsets<FillRecord>{offsetof(FillRecord, Put)};
-template <>
-inline constexpr auto kPointerOffsets<OnlineAccessRecord> = [] {
-    std::array<std::size_t, sizeof(OnlineAccessRecord) / sizeof(void*) - 1> offsets{};
+/// The places of a record that has nothing but pointers behind its size word.
+template <typename Record>
+consteval auto OffsetsBehindSize() {
+    std::array<std::size_t, sizeof(Record) / sizeof(void*) - 1> offsets{};
     for (std::size_t i = 0; i < offsets.size(); ++i) {
-        offsets[i] = (i + 1) * sizeof(void*);  // behind the size word nothing but pointers
+        offsets[i] = (i + 1) * sizeof(void*);
     }
     return offsets;
-}();
+}
+template <>
+inline constexpr auto kPointerOffsets<OnlineAccessRecord> = OffsetsBehindSize<OnlineAccessRecord>();
 
 /// Places of the pointers whose memory a record owns: it comes from the module's allocator.
 template <typename Record>

@@ -66,7 +66,7 @@ constexpr std::uint8_t NextState(const Row& row, char character) {
 using Transitions = std::array<std::array<std::uint8_t, 256>, kStateCount>;
 
 /// The rows written out for each byte.
-constexpr Transitions kTransitions = [] {
+consteval Transitions WriteOut() {
     Transitions transitions = {};
     for (std::size_t state = 0; state < kStateCount; ++state) {
         for (std::size_t byte = 0; byte < 256; ++byte) {
@@ -74,20 +74,24 @@ constexpr Transitions kTransitions = [] {
         }
     }
     return transitions;
-}();
+}
+
+constexpr Transitions kTransitions = WriteOut();
 
 /// The states whose characters make a field, in the order of the fields.
 constexpr std::array<std::uint8_t, 5> kFieldStates = {4, 6, 10, 15, 20};
 
-/// Place of the field that is collected in a state; `kFieldStates.size()` where there is none.
-constexpr std::array<std::uint8_t, kStateCount> kFields = [] {
+/// Place of the field that is collected in each state; `kFieldStates.size()` where there is none.
+consteval std::array<std::uint8_t, kStateCount> FieldsOfStates() {
     std::array<std::uint8_t, kStateCount> fields = {};
     fields.fill(kFieldStates.size());
     for (std::uint8_t field = 0; field < kFieldStates.size(); ++field) {
         fields[kFieldStates[field]] = field;
     }
     return fields;
-}();
+}
+
+constexpr auto kFields = FieldsOfStates();
 
 /// True in a record's last line behind which nothing of it is missing.
 bool IsRecordComplete(std::size_t state) {
