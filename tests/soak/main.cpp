@@ -29,7 +29,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::uint32_t kWholeExportEvery = 41;  // no divisor of it is one of the variants' count
+constexpr std::uint32_t kWholeExportEvery = 41;  // shares no divisor with the number of variants
 
 struct Arguments {
     const char* folder;
@@ -86,16 +86,21 @@ class Expectation {
 
     [[nodiscard]] std::uint64_t Files() const { return files_; }
 
-    /// Over all variants.
-    [[nodiscard]] std::uint64_t Wandering() const {
+    [[nodiscard]] std::uint64_t Wandering() const { return OfAllVariants(wanders_); }
+
+    [[nodiscard]] std::uint64_t WholeFiles() const { return OfAllVariants(whole_); }
+
+  private:
+    using Variants = std::array<std::uint64_t, kVariantCount>;
+
+    static std::uint64_t OfAllVariants(const Variants& hashes) {
         OutputHash all;
-        for (const std::uint64_t hash : wanders_) {
+        for (const std::uint64_t hash : hashes) {
             all.AddWord(hash);
         }
         return all.Value();
     }
 
-  private:
     static void Compare(std::uint32_t cycle, std::uint64_t& expected, std::uint64_t found,
                         const char* what) {
         if (expected == 0) {
@@ -107,8 +112,8 @@ class Expectation {
 
     std::uint64_t files_ = 0;
     std::uint64_t definitions_ = 0;
-    std::array<std::uint64_t, kVariantCount> wanders_{};
-    std::array<std::uint64_t, kVariantCount> whole_{};
+    Variants wanders_{};
+    Variants whole_{};
 };
 
 void KeepOutput(const char* folder) {
@@ -136,9 +141,10 @@ void Soak(const Arguments& arguments) {
         }
     }
     samples.End();
-    std::printf("%u cycles, output %016llx %016llx\n", arguments.cycles,
+    std::printf("%u cycles, output %016llx %016llx %016llx\n", arguments.cycles,
                 static_cast<unsigned long long>(expectation.Files()),
-                static_cast<unsigned long long>(expectation.Wandering()));
+                static_cast<unsigned long long>(expectation.Wandering()),
+                static_cast<unsigned long long>(expectation.WholeFiles()));
 }
 
 std::uint32_t Number(const char* text) {
