@@ -186,7 +186,9 @@ DefinitionTexts DecodeDefinitions(std::span<const std::uint8_t> input) {
     const std::uint8_t library = rest.TakeByte();
     texts.givesOtherNodes = (library & 1) != 0;
     texts.staysBroken = (library & 2) != 0;
-    texts.failingCall = library >= 0x80 ? (library & 0x7C) * 4U : 0;
+    if (library >= 0x80) {
+        texts.failingCall = 1U + rest.TakeByte() + (library & 0x7CU) * 0x40U;
+    }
     texts.count = rest.TakeByte();
 
     FileWriter files[2];
