@@ -56,7 +56,7 @@ def fetch_corpus(prefix, suffix, member):
                             if file.name.endswith(member))
             unpacker.stdout.read()
         archive.unlink()
-    except (subprocess.CalledProcessError, OSError, StopIteration, ValueError):
+    except (subprocess.CalledProcessError, OSError, StopIteration, ValueError, tarfile.TarError):
         return None
     path.write_bytes(data)
     return path
