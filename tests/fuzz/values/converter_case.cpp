@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 namespace orvell::fuzz {
 
@@ -80,14 +79,13 @@ Bytes ConverterCase::Value(std::size_t width) const {
 }
 
 void ConverterCase::SplitEnumItems() {
-    std::vector<values::EnumItem> items;
     for (std::size_t end = text_.find('|'); end != std::string::npos; end = text_.find('|')) {
         if (end > 0) {
-            items.push_back({text_.substr(1, end - 1), ItemValueOf(text_.front())});
+            definedItems_.push_back({text_.substr(1, end - 1), ItemValueOf(text_.front())});
         }
         text_.erase(0, end + 1);
     }
-    enumItems_ = values::EnumItemList(std::move(items));
+    enumItems_ = values::EnumItemList(definedItems_);
 }
 
 }  // namespace orvell::fuzz

@@ -24,7 +24,8 @@ class ConverterCase {
     explicit ConverterCase(std::span<const std::uint8_t> input);
 
     [[nodiscard]] values::TypeDescription Type() const;
-    [[nodiscard]] const values::EnumItemList& EnumItems() const { return enumItems_; }
+    /// The items of an enumerated type in the order of their definition.
+    [[nodiscard]] const std::vector<values::EnumItem>& EnumItems() const { return definedItems_; }
     [[nodiscard]] values::DisplayFormat Format() const { return format_; }
     [[nodiscard]] bool IsRaw() const { return isRaw_; }
     [[nodiscard]] const std::string& Text() const { return text_; }
@@ -40,6 +41,7 @@ class ConverterCase {
     std::uint32_t size_ = 0;
     values::DateFormatCode dateFormat_ = values::DateFormatCode::None;
     bool isRaw_ = false;
+    std::vector<values::EnumItem> definedItems_;
     values::EnumItemList enumItems_;
     std::string text_;
 };

@@ -1,12 +1,12 @@
 #include "fuzz/values/reference_texts.h"
 
-#include <array>
-#include <cerrno>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
+#include <algorithm>
 
+#include "fuzz/values/reference_names.h"
+#include "fuzz/values/reference_numbers.h"
+#include "fuzz/values/reference_ole_dates.h"
 #include "fuzz/values/reference_times.h"
+#include "fuzz/values/stored_number.h"
 
 namespace orvell::fuzz {
 
@@ -15,56 +15,19 @@ using values::DisplayFormat;
 
 namespace {
 
-template <typename Number>
-Number NumberOf(const Bytes& value) {
-    Number number{};
-    std::memcpy(&number, value.data(), std::min(sizeof number, value.size()));
-    return number;
+std::string Replaced(std::string text, char from, char to) {
+    std::replace(text.begin(), text.end(), from, to);
+    return text;
 }
 
-template <typename Number>
-Bytes BytesOf(Number number, std::size_t width) {
-    Bytes bytes(width);
-    std::memcpy(bytes.data(), &number, std::min(sizeof number, width));
-    return bytes;
-}
-
-std::string Hexadecimal(std::uint64_t number) {
-    std::array<char, 24> text;
-    std::snprintf(text.data(), text.size(), "%llXh", static_cast<unsigned long long>(number));
-    return text.data();
-}
-
-std::string General(double number, int digits) {
-    if (number != number) {
-        return "nan";
+std::string WithoutQuotationMarks(std::string text) {
+    if (text.starts_with('"')) {
+        text.erase(0, 1);
     }
-    std::array<char, 64> text;
-    std::snprintf(text.data(), text.size(), "%.*g", digits, number);
-    return text.data();
-}
-
-std::string PrintInteger(const ConverterCase& testCase, const Bytes& value) {
-    const auto number = NumberOf<std::uint64_t>(value);
-    if (testCase.Format() == DisplayFormat::Hexadecimal) {
-        return Hexadecimal(number);
+    if (text.ends_with('"')) {
+        text.pop_back();
     }
-    const bool isSigned = testCase.Type().baseType == BaseTypeCode::Int
-                              ? testCase.Format() != DisplayFormat::Unsigned
-                              : testCase.Format() == DisplayFormat::Signed;
-    if (!isSigned) {
-        return std::to_string(number);
-    }
-    switch (value.size()) {
-        case 1:
-            return std::to_string(NumberOf<std::int8_t>(value));
-        case 2:
-            return std::to_string(NumberOf<std::int16_t>(value));
-        case 4:
-            return std::to_string(NumberOf<std::int32_t>(value));
-        default:
-            return std::to_string(NumberOf<std::int64_t>(value));
-    }
+    return text;
 }
 
 std::string PrintString(const Bytes& value) {
@@ -75,53 +38,42 @@ std::string PrintString(const Bytes& value) {
     return text;
 }
 
-/// The C library knows signs and white space before hexadecimal numbers too, the product does not.
-std::optional<StoredText> ParseInteger(const ConverterCase& testCase, std::size_t width) {
-    const std::string& text = testCase.Text();
-    const bool isHexadecimal = testCase.Format() == DisplayFormat::Hexadecimal;
-    if (isHexadecimal &&
-        (text.empty() || std::isxdigit(static_cast<unsigned char>(text[0])) == 0)) {
-        return std::nullopt;
+StoredText StoredString(const std::string& text, std::size_t width) {
+    StoredText stored{true, Bytes(width)};
+    for (std::size_t i = 0; i < text.size() && i + 1 < width; ++i) {
+        stored.value[i] = static_cast<std::uint8_t>(text[i]);
     }
-    errno = 0;
-    const unsigned long long number = std::strtoull(text.c_str(), nullptr, isHexadecimal ? 16 : 10);
-    return errno == ERANGE ? std::nullopt : std::optional(StoredText{true, BytesOf(number, width)});
-}
-
-/// The C library reads hexadecimal numbers and words too, the product does not.
-template <typename Number>
-std::optional<StoredText> ParseFloating(const std::string& text) {
-    const std::size_t start = std::min(text.find_first_not_of(" \t\n\v\f\r+-"), text.size());
-    const bool isDecimal = text.find_first_not_of("0123456789.eE+-", start) == std::string::npos &&
-                           text.find_first_of("eE", start) != start;
-    if (!isDecimal) {
-        return std::nullopt;
-    }
-    const auto number = static_cast<Number>(std::strtod(text.c_str(), nullptr));
-    return StoredText{true, BytesOf(number, sizeof number)};
+    return stored;
 }
 
 std::optional<StoredText> Stored(const ReferenceCount& reading) {
     if (!reading.isTold) {
         return std::nullopt;
     }
-    return StoredText{reading.isAccepted,
-                      BytesOf(reading.isAccepted ? reading.count : 0, sizeof reading.count)};
+    return StoredText{reading.isAccepted, BytesOf(reading.isAccepted ? reading.count : 0)};
+}
+
+std::optional<StoredText> Stored(std::optional<double> serial) {
+    return serial ? std::optional(StoredText{true, BytesOf(*serial)}) : std::nullopt;
+}
+
+bool IsInteger(BaseTypeCode baseType) {
+    return baseType == BaseTypeCode::Int || baseType == BaseTypeCode::UInt;
 }
 
 }  // namespace
 
 std::optional<std::string> ReferencePrint(const ConverterCase& testCase, const Bytes& value) {
-    const values::DateFormatCode dateFormat = testCase.Type().dateFormat;
+    const values::TypeDescription type = testCase.Type();
     const auto count = NumberOf<std::uint32_t>(value);
-    switch (testCase.Type().baseType) {
+    switch (type.baseType) {
         case BaseTypeCode::Int:
         case BaseTypeCode::UInt:
-            return PrintInteger(testCase, value);
+            return ReferenceInteger(type.baseType, testCase.Format(), value);
         case BaseTypeCode::Float:
-            return General(NumberOf<float>(value), 7);
+            return ReferenceFloating(NumberOf<float>(value), 7);
         case BaseTypeCode::Double:
-            return General(NumberOf<double>(value), 15);
+            return ReferenceFloating(NumberOf<double>(value), 15);
         case BaseTypeCode::String:
             return PrintString(value);
         case BaseTypeCode::Duration:
@@ -129,39 +81,111 @@ std::optional<std::string> ReferencePrint(const ConverterCase& testCase, const B
         case BaseTypeCode::Time:
             return ReferenceTime(count);
         case BaseTypeCode::Date:
-            return ReferenceDate(count, dateFormat);
+            return ReferenceDate(count, type.dateFormat);
         case BaseTypeCode::DateTime:
-            return ReferenceDate(count, dateFormat) + ' ' + ReferenceTime(count);
+            return ReferenceDate(count, type.dateFormat) + ' ' + ReferenceTime(count);
         case BaseTypeCode::OleDateTime:
-            return ReferenceOleDateTime(NumberOf<double>(value), dateFormat);
+            return ReferenceOleDateTime(NumberOf<double>(value), type.dateFormat);
+        case BaseTypeCode::Enumerated:
+            return ReferenceName(testCase.EnumItems(), count);
         default:
             return std::nullopt;
     }
 }
 
-std::optional<StoredText> ReferenceParse(const ConverterCase& testCase, std::size_t width) {
-    const std::string& text = testCase.Text();
+std::optional<std::string> ReferenceExport(const ConverterCase& testCase, const Bytes& value) {
+    const BaseTypeCode baseType = testCase.Type().baseType;
+    if (IsInteger(baseType)) {
+        return ReferenceInteger(baseType, DisplayFormat::Default, value);
+    }
+    const auto printed = ReferencePrint(testCase, value);
+    if (!printed) {
+        return std::nullopt;
+    }
+    switch (baseType) {
+        case BaseTypeCode::Float:
+        case BaseTypeCode::Double:
+            return Replaced(*printed, '.', ',');
+        case BaseTypeCode::String:
+            return '"' + *printed + '"';
+        case BaseTypeCode::OleDateTime:
+            return Replaced(*printed, ',', ';');
+        default:
+            return printed;
+    }
+}
+
+std::optional<StoredText> ReferenceParse(const ConverterCase& testCase, const std::string& text,
+                                         std::size_t width) {
     switch (testCase.Type().baseType) {
         case BaseTypeCode::Int:
-        case BaseTypeCode::UInt:
-            return ParseInteger(testCase, width);
-        case BaseTypeCode::Float:
-            return ParseFloating<float>(text);
-        case BaseTypeCode::Double:
-            return ParseFloating<double>(text);
-        case BaseTypeCode::String: {
-            StoredText stored{true, testCase.Value(width)};
-            stored.value.back() = 0;
-            return stored;
+        case BaseTypeCode::UInt: {
+            const bool isHexadecimal = testCase.Format() == DisplayFormat::Hexadecimal;
+            return StoredText{true, BytesOf(isHexadecimal ? ReadReferenceHexadecimal(text)
+                                                          : ReadReferenceInteger(text),
+                                            width)};
         }
+        case BaseTypeCode::Float:
+            return StoredText{true, BytesOf(static_cast<float>(ReadReferenceFloating(text)))};
+        case BaseTypeCode::Double:
+            return StoredText{true, BytesOf(ReadReferenceFloating(text))};
+        case BaseTypeCode::String:
+            return StoredString(text, width);
         case BaseTypeCode::Duration:
-            return StoredText{true, BytesOf(ReadReferenceDuration(text), width)};
+            return StoredText{true, BytesOf(ReadReferenceDuration(text))};
         case BaseTypeCode::Time:
             return Stored(ReadReferenceTime(text));
         case BaseTypeCode::Date:
             return Stored(ReadReferenceDate(text));
         case BaseTypeCode::DateTime:
             return Stored(ReadReferenceDateTime(text));
+        case BaseTypeCode::OleDateTime:
+            return Stored(ReadReferenceOleDateTime(text));
+        case BaseTypeCode::Enumerated:
+            return StoredText{true, BytesOf(ReadReferenceName(testCase.EnumItems(), text), width)};
+        default:
+            return std::nullopt;
+    }
+}
+
+std::optional<StoredText> ReferenceImport(const ConverterCase& testCase, const std::string& text,
+                                          std::size_t width) {
+    switch (testCase.Type().baseType) {
+        case BaseTypeCode::Int:
+        case BaseTypeCode::UInt:
+            return StoredText{true, BytesOf(ReadReferenceListInteger(text), width)};
+        case BaseTypeCode::Float:
+        case BaseTypeCode::Double:
+            return ReferenceParse(testCase, Replaced(text, ',', '.'), width);
+        case BaseTypeCode::String:
+            return ReferenceParse(testCase, WithoutQuotationMarks(text), width);
+        default:
+            return ReferenceParse(testCase, text, width);
+    }
+}
+
+std::optional<std::string> ReferenceDefault(const ConverterCase& testCase) {
+    const bool isMonthFirst = testCase.Type().dateFormat == values::DateFormatCode::MonthFirst;
+    const std::string firstDay = isMonthFirst ? "01/01/1970" : "01.01.1970";
+    switch (testCase.Type().baseType) {
+        case BaseTypeCode::Int:
+        case BaseTypeCode::UInt:
+            return testCase.Format() == DisplayFormat::Hexadecimal ? "0h" : "0";
+        case BaseTypeCode::Float:
+        case BaseTypeCode::Double:
+            return "0";
+        case BaseTypeCode::String:
+            return "";
+        case BaseTypeCode::Duration:
+            return "0 ms";
+        case BaseTypeCode::Time:
+            return "00:00:00";
+        case BaseTypeCode::Date:
+            return firstDay;
+        case BaseTypeCode::DateTime:
+            return firstDay + " 00:00:00";
+        case BaseTypeCode::Enumerated:
+            return ReferenceDefaultName(testCase.EnumItems());
         default:
             return std::nullopt;
     }

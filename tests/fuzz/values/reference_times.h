@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,10 +13,6 @@ namespace orvell::fuzz {
 [[nodiscard]] std::string ReferenceDuration(std::uint32_t milliseconds);
 [[nodiscard]] std::string ReferenceTime(std::uint32_t seconds);
 [[nodiscard]] std::string ReferenceDate(std::uint32_t seconds, values::DateFormatCode format);
-
-/// None for what cannot be shown, and where rounding to milliseconds is too close to call.
-[[nodiscard]] std::optional<std::string> ReferenceOleDateTime(double serial,
-                                                              values::DateFormatCode format);
 
 [[nodiscard]] std::uint32_t ReadReferenceDuration(std::string_view text);
 

@@ -40,7 +40,7 @@ std::size_t LongestText(const ConverterCase& testCase, std::size_t width) {
             break;
     }
     std::size_t longest = std::strlen("4294967295");
-    for (const values::EnumItem& item : testCase.EnumItems().Items()) {
+    for (const values::EnumItem& item : testCase.EnumItems()) {
         longest = std::max(longest, item.name.size());
     }
     return longest;
@@ -60,18 +60,10 @@ std::string FloatingPrintedAgain(const std::string& text, bool isFloat) {
 
 /// As above for a name or number. An item may be named as a number that it is not, and have a value
 /// that its type has no room for.
-std::string EnumeratedPrintedAgain(const Conversions& conversions, const ConverterCase& testCase,
-                                   const std::string& text) {
-    const auto items = testCase.EnumItems().Items();
-    const auto named = std::find_if(items.begin(), items.end(), [&](const values::EnumItem& item) {
-        return item.name == text;
-    });
-    if (named == items.end()) {
-        return text;
-    }
-    Bytes value(conversions.Width());
-    std::memcpy(value.data(), &named->value, value.size());
-    return conversions.Print(value);
+std::string EnumeratedPrintedAgain(const ConverterCase& testCase, const std::string& text,
+                                   std::size_t width) {
+    const auto read = ReferenceParse(testCase, text, width);
+    return ReferencePrint(testCase, read->value).value();
 }
 
 std::string PrintedAgain(const Conversions& conversions, const ConverterCase& testCase,
@@ -82,7 +74,7 @@ std::string PrintedAgain(const Conversions& conversions, const ConverterCase& te
         case BaseTypeCode::Double:
             return FloatingPrintedAgain(text, false);
         case BaseTypeCode::Enumerated:
-            return EnumeratedPrintedAgain(conversions, testCase, text);
+            return EnumeratedPrintedAgain(testCase, text, conversions.Width());
         default:
             return text;
     }
@@ -141,6 +133,8 @@ void CheckPrinting(const Conversions& conversions, const ConverterCase& testCase
 void CheckExport(const Conversions& conversions, const ConverterCase& testCase,
                  const Bytes& value) {
     const std::string exported = conversions.Export(value);
+    const auto expected = ReferenceExport(testCase, value);
+    Require(!expected || exported == *expected, "the text for lists is that of the reference");
     const StoredText read = conversions.Import(exported);
     Require(read.isAccepted, "an exported text is accepted");
     const std::string again = conversions.Export(read.value);
@@ -171,8 +165,8 @@ void CheckNormalizing(const Conversions& conversions, const ConverterCase& testC
         Require(once == testCase.Text().substr(0, parsed.value.size() - 1), "strings are cut");
     } else {
         Require(once == conversions.Print(parsed.value), "the normal text is the value's text");
-        const std::string defaultText = conversions.DefaultText();
-        Require(conversions.Normalize(defaultText) == defaultText, "the default text is normal");
+        Require(conversions.Normalize(conversions.DefaultText()) == conversions.DefaultText(),
+                "the default text is normal");
     }
 }
 
@@ -186,16 +180,28 @@ void CheckNormalizingByAnyParameter(const Conversions& conversions, const Conver
             "normalizing by any parameter once is enough");
 }
 
+void CheckReading(const Conversions& conversions, const ConverterCase& testCase,
+                  const StoredText& parsed, const StoredText& imported) {
+    const auto expected = ReferenceParse(testCase, testCase.Text(), conversions.Width());
+    Require(!expected || parsed == *expected, "the value is that of the reference");
+    const auto expectedOfList = ReferenceImport(testCase, testCase.Text(), conversions.Width());
+    Require(!expectedOfList || imported == *expectedOfList,
+            "the value of a list's text is that of the reference");
+    const auto defaultText = ReferenceDefault(testCase);
+    Require(!defaultText || conversions.DefaultText() == *defaultText,
+            "the default text is that of the reference");
+}
+
 }  // namespace
 
 void CheckTexts(const Conversions& conversions, const ConverterCase& testCase) {
     const StoredText parsed = conversions.Parse(testCase.Text());
-    const auto expected = ReferenceParse(testCase, parsed.value.size());
-    Require(!expected || parsed == *expected, "the value is that of the reference");
+    const StoredText imported = conversions.Import(testCase.Text());
+    CheckReading(conversions, testCase, parsed, imported);
     CheckNormalizing(conversions, testCase, parsed);
     CheckNormalizingByAnyParameter(conversions, testCase);
     const Bytes given = testCase.Value(parsed.value.size());
-    for (const Bytes& value : {given, parsed.value, conversions.Import(testCase.Text()).value}) {
+    for (const Bytes& value : {given, parsed.value, imported.value}) {
         CheckPrinting(conversions, testCase, value);
         CheckExport(conversions, testCase, value);
     }
