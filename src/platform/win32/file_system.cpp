@@ -49,12 +49,12 @@ bool CopyWholeFile(const std::string& source, const std::string& destination) {
     if (!in.IsOpen()) {
         return false;
     }
+    std::string block(kCopyBlockBytes, '\0');  // first: when memory is short, nothing is emptied
     File out(CreateFileA(destination.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                          FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!out.IsOpen()) {
         return false;
     }
-    std::string block(kCopyBlockBytes, '\0');
     for (;;) {
         DWORD bytesRead = 0;
         if (!ReadFile(in.Get(), block.data(), kCopyBlockBytes, &bytesRead, nullptr)) {

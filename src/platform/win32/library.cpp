@@ -2,13 +2,15 @@
 
 #include <windows.h>
 
+#include <utility>
+
 namespace orvell::platform {
 
 namespace {
 
 class SystemLibrary final : public Library {
   public:
-    explicit SystemLibrary(HMODULE module) : module_(module) {}
+    explicit SystemLibrary(const std::string& path) : module_(LoadLibraryA(path.c_str())) {}
     ~SystemLibrary() override {
         if (module_ != nullptr) {
             FreeLibrary(module_);
@@ -30,9 +32,10 @@ class SystemLibrary final : public Library {
 
 class SystemLoader final : public LibraryLoader {
   public:
+    /// The object's memory is taken before the library is loaded: when it is short, none stays.
     std::unique_ptr<Library> Load(const std::string& path) override {
-        const HMODULE module = LoadLibraryA(path.c_str());
-        return module == nullptr ? nullptr : std::make_unique<SystemLibrary>(module);
+        auto library = std::make_unique<SystemLibrary>(path);
+        return library->Handle() == nullptr ? nullptr : std::move(library);
     }
 };
 
