@@ -7,7 +7,8 @@ namespace orvell::platform {
 /// object of that function, so that nothing but the return is left behind it.
 ///
 /// Without it the code would be gone from under the function. Holds may lie inside each other, on
-/// one thread. When the system has no thread to spare at the end, the module stays loaded.
+/// one thread. When the system has no event, handle or thread to spare for it, the module stays
+/// loaded.
 class ModuleHold {
   public:
     ModuleHold();

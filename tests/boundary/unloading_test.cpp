@@ -4,6 +4,8 @@
 #include <windows.h>
 
 #include <cstdlib>
+#include <set>
+#include <thread>
 #include <vector>
 
 #include "module_host.h"
@@ -228,6 +230,28 @@ TEST_F(UnloadingTest, AHostThatWaitsUnloadsAtOnce) {
     EXPECT_TRUE(isLoadedAfterwards);
     Unload();
     EXPECT_FALSE(IsLoaded());
+    ExpectGone();
+}
+
+/// A thread that is told by its number would be another's, of any process, once it has ended.
+TEST_F(UnloadingTest, TheThreadThatHasEditedStaysKnownBehindItsEnd) {
+    LoadDefinitions();
+    DWORD editing = 0;
+    std::thread([&] {
+        editing = GetCurrentThreadId();
+        EXPECT_EQ(EditWith([](const DialogUser& user) { user.Press(Dialog(user), IDCANCEL); }), 0);
+    }).join();
+    constexpr int kThreads = 2000;  // never reached: numbers come again after some hundreds
+    int comeAgain = 0;
+    std::set<DWORD> numbers;
+    for (int count = 0; count < kThreads && comeAgain < 50; ++count) {
+        DWORD number = 0;
+        std::thread([&] { number = GetCurrentThreadId(); }).join();
+        ASSERT_NE(number, editing) << count;
+        comeAgain += numbers.insert(number).second ? 0 : 1;
+    }
+    EXPECT_GT(comeAgain, 0) << "the test has seen nothing";
+    Unload();
     ExpectGone();
 }
 

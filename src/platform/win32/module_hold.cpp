@@ -8,6 +8,7 @@
 #include <windows.h>
 
 #include <atomic>
+#include <utility>
 
 namespace orvell::platform {
 
@@ -15,17 +16,39 @@ namespace {
 
 int holds = 0;  // inside each other
 HMODULE thisModule = nullptr;
-HANDLE unloading = nullptr;     // signalled by DllMain; from the first hold on
-std::atomic<DWORD> holder = 0;  // the thread that has held last
+bool isReferenced = false;   // by the holds
+HANDLE unloading = nullptr;  // signalled by DllMain; from the first hold on
 std::atomic<bool> isReturning = false;
+
+/// The thread that has held last. While its handle is open no other thread gets its number.
+HANDLE holder = nullptr;
+DWORD holderNumber = 0;
 
 LPTHREAD_START_ROUTINE FreeLibraryOfSystem() {
     return reinterpret_cast<LPTHREAD_START_ROUTINE>(
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "FreeLibrary")));
 }
 
+/// Closes the handle whose place it is and leaves it empty.
+void Close(HANDLE& handle) {
+    if (handle != nullptr) {
+        CloseHandle(std::exchange(handle, nullptr));
+    }
+}
+
+void RememberHolder() {
+    Close(holder);
+    const HANDLE process = GetCurrentProcess();
+    if (!DuplicateHandle(process, GetCurrentThread(), process, &holder,
+                         THREAD_SUSPEND_RESUME | THREAD_GET_CONTEXT, FALSE, 0)) {
+        holder = nullptr;
+    }
+    holderNumber = GetCurrentThreadId();
+}
+
+/// Without the means to have the return awaited the reference stays, and the module with it.
 void GiveBackReference() {
-    if (unloading == nullptr) {
+    if (!isReferenced || unloading == nullptr || holder == nullptr) {
         return;
     }
     const HANDLE releasing =
@@ -58,16 +81,12 @@ bool IsInModule(HANDLE thread) {
 }
 
 /// Returns when the thread is out of the module, or has ended.
-void AwaitReturnOf(DWORD number) {
+void AwaitReturnOf(HANDLE thread) {
     while (!isReturning) {
         Sleep(1);
     }
-    const HANDLE thread = OpenThread(THREAD_SUSPEND_RESUME | THREAD_GET_CONTEXT, FALSE, number);
-    if (thread != nullptr) {
-        while (IsInModule(thread)) {
-            Sleep(1);
-        }
-        CloseHandle(thread);
+    while (IsInModule(thread)) {
+        Sleep(1);
     }
 }
 
@@ -80,14 +99,14 @@ ModuleHold::ModuleHold() {
     if (unloading == nullptr) {
         unloading = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     }
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<LPCWSTR>(&holds),
-                       &thisModule);
+    isReferenced = GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                                      reinterpret_cast<LPCWSTR>(&holds), &thisModule) != FALSE;
 }
 
 ModuleHold::~ModuleHold() {
     if (--holds == 0) {
         isReturning = false;
-        holder = GetCurrentThreadId();
+        RememberHolder();
         GiveBackReference();
         isReturning = true;  // last: the module may go as soon as this thread is out of it
     }
@@ -98,11 +117,11 @@ void AwaitReturnOfHolder() {
         return;
     }
     SetEvent(unloading);
-    const DWORD number = holder;
-    if (number != 0 && number != GetCurrentThreadId()) {
-        AwaitReturnOf(number);
+    if (thisModule != nullptr && holder != nullptr && holderNumber != GetCurrentThreadId()) {
+        AwaitReturnOf(holder);
     }
-    CloseHandle(unloading);
+    Close(holder);
+    Close(unloading);
 }
 
 }  // namespace orvell::platform
