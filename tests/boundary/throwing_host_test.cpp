@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <cstdlib>
+#include <cstring>
 #include <utility>
 
 #include "module_host.h"
@@ -31,15 +32,74 @@ constexpr const char* kDefinitions =
 constexpr int kLeaves = 6;
 constexpr std::size_t kBytes = 6 + 4 + 8 + 4;
 
+/// A class of the host's with a text on the heap.
+struct ThrownObject {
+    char* text;
+};
+
+/// What the host's compiler tells of a class with every throw. Its destructor is a member function;
+/// of one argument, this convention is theirs.
+struct ThrownType {
+    DWORD attributes;
+    void(__fastcall* destroy)(ThrownObject* object);
+    const void* compatibility;
+    const void* bases;
+};
+
+int thrown = 0;
+int destroyed = 0;
+bool isIntact = true;  // every object, when it was destroyed
+
+/// As the code of a throw expression of the compilers of Windows hosts does.
+void Raise(const void* object, const void* type) {
+    constexpr DWORD kCppException = 0xE06D7363;
+    const ULONG_PTR parameters[] = {0x19930520, reinterpret_cast<ULONG_PTR>(object),
+                                    reinterpret_cast<ULONG_PTR>(type)};
+    RaiseException(kCppException, EXCEPTION_NONCONTINUABLE, 3, parameters);
+}
+
+void __fastcall Destroy(ThrownObject* object) {
+    ++destroyed;
+    isIntact = isIntact && std::strcmp(object->text, "of the host's") == 0;
+    std::free(object->text);
+}
+
+void __fastcall DestroyAndThrow(ThrownObject* object) {
+    Destroy(object);
+    Raise(nullptr, nullptr);
+}
+
+constexpr ThrownType kPlainType{};
+constexpr ThrownType kClassType{0, Destroy, nullptr, nullptr};
+constexpr ThrownType kThrowingType{0, DestroyAndThrow, nullptr, nullptr};
+
+void ThrowObject(const ThrownType& type) {
+    ThrownObject object{strdup("of the host's")};
+    ++thrown;
+    Raise(&object, &type);
+}
+
+/// A number, objects with a destructor, and what was caught and is thrown on.
+void Throw(int kind) {
+    const int number = 7;
+    switch (kind % 4) {
+        case 0:
+            return Raise(&number, &kPlainType);
+        case 1:
+            return ThrowObject(kClassType);
+        case 2:
+            return ThrowObject(kThrowingType);
+        default:
+            return Raise(nullptr, nullptr);
+    }
+}
+
 int calls = 0;
 int throwingCall = 0;
 
-/// As the code of a throw expression of the compilers of Windows hosts does.
 std::int32_t Call() {
     if (++calls == throwingCall) {
-        constexpr DWORD kCppException = 0xE06D7363;
-        const ULONG_PTR noObject[3] = {0x19930520, 0, 0};
-        RaiseException(kCppException, EXCEPTION_NONCONTINUABLE, 3, noObject);
+        Throw(throwingCall);
     }
     return 1;
 }
@@ -119,7 +179,12 @@ class ThrowingForeignHostTest : public testing::Test {
         EXPECT_EQ(FirstHandler(), handler);
     }
 
-    ~ThrowingForeignHostTest() override { throwingCall = 0; }
+    ~ThrowingForeignHostTest() override {
+        EXPECT_GT(thrown, 0);
+        EXPECT_EQ(std::exchange(destroyed, 0), std::exchange(thrown, 0));
+        EXPECT_TRUE(isIntact);
+        throwingCall = 0;
+    }
 
     Stage stage;
     std::unique_ptr<LoadedModule> module;

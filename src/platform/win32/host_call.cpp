@@ -6,12 +6,44 @@
 
 #include <windows.h>
 
+#include <cstddef>
+#include <cstdint>
+
 namespace orvell::platform {
 
 namespace {
 
 constexpr DWORD kCppException = 0xE06D7363;  // "msc", as Windows' C++ run-time raises them
 constexpr DWORD kUnwinding = 0x2 | 0x4;      // flags of calls that only clear away
+
+/// What goes with such an exception. One that is thrown on again comes without object and type.
+enum ThrowParameter : DWORD { kFormat, kObject, kType, kThrowParameters };
+constexpr ULONG_PTR kFirstFormat = 0x19930520;
+constexpr ULONG_PTR kLastFormat = 0x19930522;
+
+/// The type of a thrown object as the thrower's compiler describes it; more follows.
+struct ThrownType {
+    std::uint32_t attributes;
+    // Null for a type without destructor, which is a member function: the object is in ecx, where
+    // this convention has it as well.
+    void(__fastcall* destroy)(void* object);
+};
+static_assert(offsetof(ThrownType, destroy) == 4);
+
+/// Whoever catches an exception ends its object's life. To be called when the frames between have
+/// been cleared, and with the object, which lies in the thrower's, still below the stack's end.
+void DestroyObject(const EXCEPTION_RECORD& record) {
+    const ULONG_PTR* const parameters = record.ExceptionInformation;
+    if (record.NumberParameters != kThrowParameters || parameters[kFormat] < kFirstFormat ||
+        parameters[kFormat] > kLastFormat) {
+        return;
+    }
+    auto* const object = reinterpret_cast<void*>(parameters[kObject]);
+    const auto* const type = reinterpret_cast<const ThrownType*>(parameters[kType]);
+    if (object != nullptr && type != nullptr && type->destroy != nullptr) {
+        type->destroy(object);
+    }
+}
 
 /// A link of the thread's chain of handlers, which begins at fs:0. Its first two words are the
 /// system's.
@@ -40,8 +72,10 @@ class Handler {
         if ((record->ExceptionFlags & kUnwinding) != 0 || record->ExceptionCode != kCppException) {
             return ExceptionContinueSearch;
         }
-        auto* volatile handler = static_cast<Handler*>(frame);  // not in a register, which
-        RtlUnwind(frame, nullptr, record, nullptr);             // this need not preserve
+        auto* volatile handler = static_cast<Handler*>(frame);  // not in registers, which
+        auto* volatile thrown = record;                         // the unwinding
+        RtlUnwind(frame, nullptr, record, nullptr);             // need not preserve
+        DestroyObject(*thrown);
         __builtin_longjmp(handler->Resume(), 1);
     }
 
