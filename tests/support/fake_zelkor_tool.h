@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "orvell/services.h"
@@ -20,6 +22,7 @@ struct FakeZelkorTool {
     static inline void* instance;
     static inline int lentBuffers;  ///< given out and not given back yet
     static inline bool bufferWasZero;
+    static inline std::string throwing;  ///< the function that lets an exception out
 
     static void Reset() {
         version = 3.0308;
@@ -31,6 +34,7 @@ struct FakeZelkorTool {
         instance = nullptr;
         lentBuffers = 0;
         bufferWasZero = true;
+        throwing.clear();
     }
 
     /// All functions that the library exports.
@@ -52,40 +56,54 @@ struct FakeZelkorTool {
 
   private:
     static void ORVELL_CALL NeverCalled() { calls.emplace_back("unexpected call"); }
-    static double ORVELL_CALL GetDLLVersion() { return version; }
+    static double ORVELL_CALL GetDLLVersion() {
+        ThrowIfAsked("GetDLLVersion");
+        return version;
+    }
+
+    /// Called last: what throws has done its work.
+    static void ThrowIfAsked(std::string_view function) {
+        if (function == throwing) {
+            throw std::runtime_error("of the tool library's");
+        }
+    }
 
     static void ORVELL_CALL SetBINPath(void* handle) {
         calls.emplace_back("SetBINPath");
         instance = handle;
+        ThrowIfAsked("SetBINPath");
     }
 
     static std::uint32_t ORVELL_CALL GetZelkorLanguage() {
         calls.emplace_back("GetZelkorLanguage");
+        ThrowIfAsked("GetZelkorLanguage");
         return language;
     }
 
-    static std::int32_t Lend(MStrBuf* buffer, const char* text) {
+    static std::int32_t Lend(const char* function, MStrBuf* buffer, const char* text) {
         bufferWasZero = bufferWasZero && buffer->text == nullptr && buffer->reserved1 == 0 &&
                         buffer->reserved2 == 0;
         buffer->text = const_cast<char*>(text);
         ++lentBuffers;
+        ThrowIfAsked(function);
         return pathResult;
     }
 
     static std::int32_t ORVELL_CALL GetPathToXMLAccessDLL(MStrBuf* buffer) {
         calls.emplace_back("GetPathToXMLAccessDLL");
-        return Lend(buffer, xmlPath);
+        return Lend("GetPathToXMLAccessDLL", buffer, xmlPath);
     }
 
     static std::int32_t ORVELL_CALL GetZelkorLanguagePath(MStrBuf* buffer, std::uint32_t id) {
         calls.emplace_back("GetZelkorLanguagePath " + std::to_string(id));
-        return Lend(buffer, languageFolder);
+        return Lend("GetZelkorLanguagePath", buffer, languageFolder);
     }
 
     static void ORVELL_CALL DeleteMStrBuf(MStrBuf* buffer) {
         calls.emplace_back("DeleteMStrBuf");
         buffer->text = nullptr;
         --lentBuffers;
+        ThrowIfAsked("DeleteMStrBuf");
     }
 };
 

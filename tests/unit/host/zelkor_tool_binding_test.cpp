@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "host/version_rule.h"
 #include "support/fake_zelkor_tool.h"
 
 namespace orvell::host {
@@ -125,6 +126,44 @@ TEST_F(ZelkorToolBindingTest, WithoutALanguageNoFolderIsAskedFor) {
 TEST_F(ZelkorToolBindingTest, NothingIsAskedOfAnUnboundLibrary) {
     EXPECT_EQ(tool.XmlAccessPath(), "");
     EXPECT_EQ(tool.LanguageLibraryPath(), "");
+}
+
+TEST_F(ZelkorToolBindingTest, AStartThatThrowsIsAsIfItHadAnsweredNothing) {
+    FakeZelkorTool::throwing = "SetBINPath";
+    ASSERT_TRUE(tool.Bind(loader, kPath, &instance));
+    EXPECT_EQ(tool.Language(), 7U) << "is asked for all the same";
+    FakeZelkorTool::throwing = "GetZelkorLanguage";
+    ASSERT_TRUE(tool.Bind(loader, kPath, &instance));
+    EXPECT_EQ(tool.Language(), 0U);
+    EXPECT_EQ(tool.LanguageLibraryPath(), "");
+    EXPECT_EQ(FakeZelkorTool::calls.back(), "GetZelkorLanguage") << "no buffer was lent";
+}
+
+TEST_F(ZelkorToolBindingTest, APathThatThrowsIsNoneAndItsBufferGoesBack) {
+    ASSERT_TRUE(tool.Bind(loader, kPath, &instance));
+    FakeZelkorTool::throwing = "GetPathToXMLAccessDLL";
+    EXPECT_EQ(tool.XmlAccessPath(), "");
+    EXPECT_EQ(FakeZelkorTool::lentBuffers, 0);
+    EXPECT_EQ(tool.LanguageLibraryPath(), "C:\\LANG\\ORVELLRES.DLL");
+    FakeZelkorTool::throwing = "GetZelkorLanguagePath";
+    EXPECT_EQ(tool.LanguageLibraryPath(), "");
+    EXPECT_EQ(FakeZelkorTool::lentBuffers, 0);
+    EXPECT_EQ(tool.XmlAccessPath(), "XML.DLL");
+}
+
+TEST_F(ZelkorToolBindingTest, AGivingBackThatThrowsDoesNotSpoilThePath) {
+    ASSERT_TRUE(tool.Bind(loader, kPath, &instance));
+    FakeZelkorTool::throwing = "DeleteMStrBuf";
+    EXPECT_EQ(tool.XmlAccessPath(), "XML.DLL");
+    EXPECT_EQ(tool.LanguageLibraryPath(), "C:\\LANG\\ORVELLRES.DLL");
+    EXPECT_EQ(FakeZelkorTool::lentBuffers, 0);
+}
+
+TEST_F(ZelkorToolBindingTest, AVersionThatThrowsIsTooOld) {
+    ASSERT_TRUE(tool.Bind(loader, kPath, &instance));
+    EXPECT_TRUE(kRequiredZelkorTool.IsMetBy(*tool.BoundLibrary()));
+    FakeZelkorTool::throwing = "GetDLLVersion";
+    EXPECT_FALSE(kRequiredZelkorTool.IsMetBy(*tool.BoundLibrary()));
 }
 
 TEST_F(ZelkorToolBindingTest, AbandoningDoesNotFree) {
