@@ -4,8 +4,8 @@
 #include <initializer_list>
 #include <vector>
 
+#include "fuzz/boundary/session.h"
 #include "platform/pause.h"
-#include "session.h"
 
 namespace orvell::fuzz {
 namespace {

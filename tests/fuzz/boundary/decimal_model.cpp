@@ -1,4 +1,4 @@
-#include "decimal_model.h"
+#include "fuzz/boundary/decimal_model.h"
 
 #include <algorithm>
 #include <cstdio>

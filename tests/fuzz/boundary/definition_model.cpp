@@ -1,18 +1,43 @@
-#include "definition_model.h"
+#include "fuzz/boundary/definition_model.h"
 
 #include <array>
 
 namespace orvell::fuzz {
 namespace {
 
-constexpr std::array kWord = {ModelLeaf{"", 0, 2, "16"}};
-constexpr std::array kText = {ModelLeaf{"", 0, 4, "Text"}};
-constexpr std::array kMode = {ModelLeaf{"", 0, 1, "8"}};
-constexpr std::array kPoint = {ModelLeaf{"x", 0, 2, "16"}, ModelLeaf{"y[0]", 2, 2, "16"},
-                               ModelLeaf{"y[1]", 4, 2, "16"}};
-constexpr std::array kAll = {ModelLeaf{"n.x", 0, 2, "16"}, ModelLeaf{"n.y[0]", 2, 2, "16"},
-                             ModelLeaf{"n.y[1]", 4, 2, "16"}, ModelLeaf{"f", 6, 4, "Float"},
-                             ModelLeaf{"m", 10, 1, "8"}};
+constexpr ModelLeafType kWordType = {LeafForm::Signed, 2, "16", 2};
+constexpr ModelLeafType kTextType = {LeafForm::Text, 4, "Text", 5};
+constexpr ModelLeafType kModeType = {LeafForm::Enumerated, 1, "8", 1};
+constexpr ModelLeafType kFloatType = {LeafForm::Float, 4, "Float", 4};
+constexpr ModelLeafType kLongType = {LeafForm::Unsigned, 4, "32", 3};
+constexpr ModelLeafType kHugeType = {LeafForm::Signed, 8, "64", 8};
+constexpr ModelLeafType kDoubleType = {LeafForm::Double, 8, "Double", 9};
+constexpr ModelLeafType kByteType = {LeafForm::Unsigned, 1, "8", 7};
+constexpr ModelLeafType kDateType = {LeafForm::Date, 8, "Double", 10};
+constexpr ModelLeafType kDurationType = {LeafForm::Duration, 4, "32", 6};
+constexpr ModelLeafType kTimeType = {LeafForm::Time, 4, "32", 6};
+
+constexpr std::array kWord = {ModelLeaf{"", 0, &kWordType}};
+constexpr std::array kText = {ModelLeaf{"", 0, &kTextType}};
+constexpr std::array kMode = {ModelLeaf{"", 0, &kModeType}};
+constexpr std::array kFloat = {ModelLeaf{"", 0, &kFloatType}};
+constexpr std::array kLong = {ModelLeaf{"", 0, &kLongType}};
+constexpr std::array kHuge = {ModelLeaf{"", 0, &kHugeType}};
+constexpr std::array kDouble = {ModelLeaf{"", 0, &kDoubleType}};
+constexpr std::array kByte = {ModelLeaf{"", 0, &kByteType}};
+constexpr std::array kDate = {ModelLeaf{"", 0, &kDateType}};
+constexpr std::array kDuration = {ModelLeaf{"", 0, &kDurationType}};
+constexpr std::array kTime = {ModelLeaf{"", 0, &kTimeType}};
+
+constexpr std::array kPoint = {ModelLeaf{"x", 0, &kWordType}, ModelLeaf{"y[0]", 2, &kWordType},
+                               ModelLeaf{"y[1]", 4, &kWordType}};
+constexpr std::array kAll = {ModelLeaf{"n.x", 0, &kWordType}, ModelLeaf{"n.y[0]", 2, &kWordType},
+                             ModelLeaf{"n.y[1]", 4, &kWordType}, ModelLeaf{"f", 6, &kFloatType},
+                             ModelLeaf{"m", 10, &kModeType}};
+constexpr std::array kWide = {ModelLeaf{"l", 0, &kLongType},     ModelLeaf{"h", 4, &kHugeType},
+                              ModelLeaf{"d", 12, &kDoubleType},  ModelLeaf{"b", 20, &kByteType},
+                              ModelLeaf{"t", 21, &kTextType},    ModelLeaf{"o", 25, &kDateType},
+                              ModelLeaf{"c", 33, &kDurationType}};
 
 constexpr std::array kPointElements = {ModelElement{"x", "Word", 1, 0, 1},
                                        ModelElement{"y", "Word", 2, 2, 1}};
@@ -20,10 +45,13 @@ constexpr std::array kLoopElements = {ModelElement{"self", "Loop", 1, 0, 4}};
 constexpr std::array kAllElements = {
     ModelElement{"n", "Point", 1, 0, 2}, ModelElement{"lost", "Nothing", 1, 6, 0},
     ModelElement{"f", "FLOAT", 1, 6, 9}, ModelElement{"m", "Mode", 1, 10, 6}};
+constexpr std::array kWideElements = {
+    ModelElement{"l", "Long", 1, 0, 11},     ModelElement{"h", "Huge", 1, 4, 12},
+    ModelElement{"d", "DOUBLE", 1, 12, 13},  ModelElement{"b", "Byte", 1, 20, 14},
+    ModelElement{"t", "Text", 1, 21, 3},     ModelElement{"o", "Date", 1, 25, 15},
+    ModelElement{"c", "DURATION", 1, 33, 16}};
 
 constexpr std::array kModes = {ModelEnumerator{"On", 1}, ModelEnumerator{"Off", 200}};
-
-constexpr std::array kFloat = {ModelLeaf{"", 0, 4, "Float"}};
 
 constexpr std::array kAreas = {
     ModelArea{1, 1, "Word", 2, "INT", 700, true, kWord, {}, {}},
@@ -34,6 +62,14 @@ constexpr std::array kAreas = {
     ModelArea{7, 3, "All", 11, nullptr, 4, true, kAll, kAllElements, {}},
     ModelArea{8, 3, "Empty", 0, nullptr, 0, true, {}, {}, {}},
     ModelArea{9, 1, "FLOAT", 4, "FLOAT", 702, true, kFloat, {}, {}},
+    ModelArea{10, 3, "Wide", 37, nullptr, 7, true, kWide, kWideElements, {}},
+    ModelArea{11, 1, "Long", 4, "UINT", 701, true, kLong, {}, {}},
+    ModelArea{12, 1, "Huge", 8, "INT", 700, true, kHuge, {}, {}},
+    ModelArea{13, 1, "DOUBLE", 8, "DOUBLE", 703, true, kDouble, {}, {}},
+    ModelArea{14, 1, "Byte", 1, "UINT", 701, true, kByte, {}, {}},
+    ModelArea{15, 1, "Date", 8, "OLE-DATE+TIME", 709, true, kDate, {}, {}},
+    ModelArea{16, 1, "DURATION", 4, "DURATION", 705, true, kDuration, {}, {}},
+    ModelArea{17, 1, "TIME", 4, "TIME", 706, true, kTime, {}, {}},
 };
 
 }  // namespace
@@ -49,10 +85,18 @@ const char* const kDefinitions = R"(<Definitions><TypeList>
 <Type Name="All" BaseType="Structured"><Item Name="n" Type="Point"/>
   <Item Name="lost" Type="Nothing"/><Item Name="f" Type="FLOAT"/><Item Name="m" Type="Mode"/></Type>
 <Type Name="Empty" BaseType="Structured"/>
+<Type Name="Long" BaseType="UINT" Size="4"/><Type Name="Huge" BaseType="INT" Size="8"/>
+<Type Name="Byte" BaseType="UINT" Size="1"/><Type Name="Date" BaseType="OLE-DATE+TIME"/>
+<Type Name="Wide" BaseType="Structured"><Item Name="l" Type="Long"/><Item Name="h" Type="Huge"/>
+  <Item Name="d" Type="DOUBLE"/><Item Name="b" Type="Byte"/><Item Name="t" Type="Text"/>
+  <Item Name="o" Type="Date"/><Item Name="c" Type="DURATION"/></Type>
 </TypeList><MemoryList>
 <Memory ID="1" Type="Word"/><Memory ID="2" Type="Point"/><Memory ID="3" Type="Text"/>
 <Memory ID="4" Type="Loop"/><Memory ID="5" Type="Nothing"/><Memory ID="6" Type="Mode"/>
 <Memory ID="7" Type="All"/><Memory ID="8" Type="Empty"/><Memory ID="9" Type="FLOAT"/>
+<Memory ID="10" Type="Wide"/><Memory ID="11" Type="Long"/><Memory ID="12" Type="Huge"/>
+<Memory ID="13" Type="DOUBLE"/><Memory ID="14" Type="Byte"/><Memory ID="15" Type="Date"/>
+<Memory ID="16" Type="DURATION"/><Memory ID="17" Type="TIME"/>
 </MemoryList></Definitions>)";
 
 const ModelArea* FindArea(std::int32_t identifier) {
@@ -65,7 +109,8 @@ const ModelArea* FindArea(std::int32_t identifier) {
 }
 
 std::int32_t ChooseArea(Program& program) {
-    constexpr std::array<std::int32_t, 12> kIdentifiers = {1, 2, 3, 4, 5, 6, 7, 8, 9, 99, 0, -1};
+    constexpr std::array<std::int32_t, 20> kIdentifiers = {1, 2,  3,  4,  5,  6,  7,  8,  9,  99,
+                                                           0, -1, 10, 11, 12, 13, 14, 15, 16, 17};
     return program.Pick(kIdentifiers);
 }
 
@@ -76,7 +121,7 @@ std::vector<PlacedLeaf> LeavesOf(const ModelArea& area, std::uint32_t count) {
         for (const ModelLeaf& leaf : area.leaves) {
             const std::string path = leaf.path;
             leaves.push_back({index.empty() || path.empty() ? index + path : index + '.' + path,
-                              std::size_t{area.size} * element + leaf.offset});
+                              std::size_t{area.size} * element + leaf.offset, leaf.type});
         }
     }
     return leaves;

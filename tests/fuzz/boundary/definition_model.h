@@ -5,16 +5,26 @@
 #include <string>
 #include <vector>
 
-#include "program.h"
+#include "fuzz/boundary/program.h"
 
 namespace orvell::fuzz {
+
+/// How the values of a base type are shown and built.
+enum class LeafForm { Signed, Unsigned, Float, Double, Text, Enumerated, Date, Duration, Time };
+
+/// A base type with a width.
+struct ModelLeafType {
+    LeafForm form;
+    std::uint32_t width;
+    const char* functions;  ///< what the names of the host's functions for it end in
+    std::uint32_t rawKind;  ///< the kind that the host's raw put is told
+};
 
 /// A value of a base type inside a value.
 struct ModelLeaf {
     const char* path;
-    std::uint32_t offset;
-    std::uint32_t width;
-    const char* functions;  ///< what the names of the host's functions for it end in
+    std::uint32_t offset;  ///< in bytes from the start of the value
+    const ModelLeafType* type;
 };
 
 /// An element of a structure, and what slot 14 tells of it.
@@ -63,6 +73,7 @@ extern const char* const kDefinitions;
 struct PlacedLeaf {
     std::string path;
     std::size_t offset;
+    const ModelLeafType* type;
 };
 
 /// The leaves of so many elements.

@@ -1,9 +1,9 @@
 #include <array>
 
-#include "definition_model.h"
-#include "host_record.h"
-#include "require.h"
-#include "session.h"
+#include "fuzz/boundary/definition_model.h"
+#include "fuzz/boundary/host_record.h"
+#include "fuzz/boundary/session.h"
+#include "fuzz/require.h"
 
 namespace orvell::fuzz {
 namespace {
@@ -138,7 +138,7 @@ void AskStructure(Session& session, Program& program) {
 }
 
 std::uint32_t ChoosePosition(Program& program) {
-    constexpr std::array<std::uint32_t, 6> kPositions = {0, 1, 2, 3, 4, 0xFFFFFFFF};
+    constexpr std::array<std::uint32_t, 8> kPositions = {0, 1, 2, 3, 4, 0xFFFFFFFF, 5, 6};
     return program.Pick(kPositions);
 }
 

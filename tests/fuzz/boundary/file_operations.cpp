@@ -1,11 +1,11 @@
 #include <array>
 #include <stdexcept>
 
-#include "host_record.h"
-#include "memory_files.h"
-#include "require.h"
-#include "session.h"
-#include "vocabulary.h"
+#include "fuzz/boundary/host_record.h"
+#include "fuzz/boundary/memory_files.h"
+#include "fuzz/boundary/session.h"
+#include "fuzz/boundary/vocabulary.h"
+#include "fuzz/require.h"
 
 namespace orvell::fuzz {
 namespace {

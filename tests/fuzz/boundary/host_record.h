@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "host_memory.h"
+#include "fuzz/boundary/host_memory.h"
+#include "fuzz/boundary/program.h"
 #include "orvell/orvell.h"
-#include "program.h"
 
 namespace orvell::fuzz {
 

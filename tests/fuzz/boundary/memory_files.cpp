@@ -1,4 +1,4 @@
-#include "memory_files.h"
+#include "fuzz/boundary/memory_files.h"
 
 #include <algorithm>
 #include <memory>

@@ -1,10 +1,11 @@
 #include <array>
 
-#include "definition_model.h"
-#include "host_record.h"
-#include "require.h"
-#include "session.h"
-#include "vocabulary.h"
+#include "fuzz/boundary/definition_model.h"
+#include "fuzz/boundary/host_record.h"
+#include "fuzz/boundary/leaf_model.h"
+#include "fuzz/boundary/session.h"
+#include "fuzz/boundary/vocabulary.h"
+#include "fuzz/require.h"
 
 namespace orvell::fuzz {
 namespace {
@@ -17,48 +18,49 @@ std::uint32_t ChooseShownCount(Program& program) {
 /// Words one behind the other, as many as a program spells, and perhaps half a one.
 std::string ChooseWords(Program& program) {
     std::string bytes;
-    for (std::uint32_t words = program.Choose(17); words != 0; --words) {
+    for (std::uint32_t words = program.Choose(41); words != 0; --words) {
         bytes += BytesOf(static_cast<std::uint16_t>(ChooseInteger(program)));
     }
     return program.Decide() ? bytes + '\x7F' : bytes;
 }
 
-std::string WordText(const std::string& bytes, std::size_t offset, std::uint8_t format) {
-    std::int16_t word = 0;
-    std::memcpy(&word, bytes.data() + offset, sizeof word);
-    return std::to_string((format & 15) == 2 ? static_cast<std::uint16_t>(word) : word);
+std::string BytesOfLeaf(const PlacedLeaf& leaf, const std::string& bytes) {
+    return bytes.substr(leaf.offset, leaf.type->width);
 }
 
-/// Whether all leaves are words, whose texts the model knows.
-bool IsOfWords(const ModelArea& area) {
-    for (const ModelLeaf& leaf : area.leaves) {
-        if (std::string(leaf.functions) != "16") {
-            return false;
+/// The texts of all leaves, one behind the other; none when the model does not know them all.
+std::optional<std::string> JoinedText(const ParameterRecord& record, const ModelArea& area,
+                                      const std::string& bytes) {
+    const Showing showing{static_cast<std::uint8_t>(record.format & 15), record.attribute != 0};
+    std::string joined;
+    const char* separator = "";
+    for (const PlacedLeaf& leaf : LeavesOf(area, record.count)) {
+        const auto text = ShownText(*leaf.type, BytesOfLeaf(leaf, bytes), showing);
+        if (!text) {
+            return std::nullopt;
         }
+        joined += separator + *text;
+        separator = "; ";
     }
-    return area.hasValues;
+    return joined;
 }
 
 void RequireJoined(const ParameterRecord& record, const ModelArea& area, const std::string& bytes,
-                   char* text) {
-    constexpr std::uint8_t kHexadecimal = 3;
-    if ((record.format & 15) == kHexadecimal || !IsOfWords(area)) {
-        return;
+                   const char* text) {
+    if (const std::optional<std::string> expected = JoinedText(record, area, bytes)) {
+        Require((text == nullptr) == expected->empty(), "a value has a text unless it is empty");
+        Require(text == nullptr || text == *expected, "the texts of the leaves are joined");
+    } else {
+        Require(text != nullptr, "dates have texts");
     }
-    std::string expected;
-    for (const PlacedLeaf& leaf : LeavesOf(area, record.count)) {
-        expected += (expected.empty() ? "" : "; ") + WordText(bytes, leaf.offset, record.format);
-    }
-    Require((text == nullptr) == expected.empty(), "a value has a text unless it is empty");
-    Require(text == nullptr || text == expected, "the texts of the leaves are joined");
 }
 
 void RequireList(const ParameterRecord& record, const ModelArea& area, const std::string& bytes,
                  const NameListNode* node) {
     for (const PlacedLeaf& leaf : LeavesOf(area, record.count)) {
         Require(node != nullptr && node->first == leaf.path, "all leaves are listed in order");
-        Require(!IsOfWords(area) || node->second == WordText(bytes, leaf.offset, 0),
-                "leaves have their texts");
+        const std::optional<std::string> text = ListedText(*leaf.type, BytesOfLeaf(leaf, bytes));
+        Require(!text || node->second == *text, "leaves have their texts");
         node = node->next;
     }
     Require(node == nullptr, "nothing but leaves is listed");

@@ -1,12 +1,13 @@
+#include <algorithm>
 #include <array>
 #include <list>
-#include <map>
 
-#include "definition_model.h"
-#include "host_record.h"
-#include "require.h"
-#include "session.h"
-#include "vocabulary.h"
+#include "fuzz/boundary/definition_model.h"
+#include "fuzz/boundary/host_record.h"
+#include "fuzz/boundary/leaf_model.h"
+#include "fuzz/boundary/session.h"
+#include "fuzz/boundary/vocabulary.h"
+#include "fuzz/require.h"
 
 namespace orvell::fuzz {
 namespace {
@@ -30,57 +31,62 @@ class HostList {
     std::list<NameListNode> nodes_;
 };
 
-/// The bytes that a word gets from the parameter at a number.
-std::string WordFrom(Session& session, const ModelAddress& address, std::uint32_t number) {
-    const ModelEntry* const entry = session.list.EntryToRead(*address.kind, number);
-    std::uint64_t integer = 0;
-    if (entry != nullptr) {
-        const ModelType type = address.kind->type;
-        const ModelValue& value = entry->value;
-        const auto number64 = NumberOf(type, value);
-        integer = QwordOf(type, value)
-                      .value_or(DwordOf(type, value).value_or(WordOf(type, value).value_or(0)));
-        if (integer == 0 && number64) {
-            integer = static_cast<std::uint64_t>(IntegerPart(*number64));
+using PathsAndTexts = std::vector<std::pair<std::string, std::string>>;
+
+/// The value's bytes from texts; none when one of them has no place, or is refused.
+std::optional<std::string> BytesFromTexts(const std::vector<PlacedLeaf>& leaves, std::string bytes,
+                                          const PathsAndTexts& texts) {
+    for (const auto& [path, text] : texts) {
+        const auto leaf = std::find_if(
+            leaves.begin(), leaves.end(),
+            [&path = path](const PlacedLeaf& candidate) { return candidate.path == path; });
+        const auto imported =
+            leaf != leaves.end() ? ImportedBytes(*leaf->type, text) : std::nullopt;
+        if (!imported) {
+            return std::nullopt;
         }
+        bytes.replace(leaf->offset, imported->size(), *imported);
     }
-    return BytesOf(static_cast<std::uint16_t>(integer));
+    return bytes;
 }
 
-/// What slot 13 must build; none when it must fail.
-std::optional<std::string> Gathered(Session& session, const ModelArea& area, std::uint32_t count,
-                                    const std::vector<std::pair<std::string, std::string>>& texts,
-                                    const std::optional<std::string>& addressText) {
-    std::map<std::string, std::size_t> offsets;
-    std::string bytes(std::size_t{area.size} * Elements(count), '\0');
-    const std::vector<PlacedLeaf> leaves = LeavesOf(area, count);
+/// The value's bytes from the parameters from this address on; none when it is no address.
+std::optional<std::string> BytesFromList(Session& session, const std::vector<PlacedLeaf>& leaves,
+                                         std::string bytes,
+                                         const std::optional<std::string>& addressText) {
+    const ModelAddress address = session.list.Parse(OrEmpty(addressText));
+    if (!addressText || address.kind == nullptr) {
+        return std::nullopt;
+    }
+    std::uint32_t number = address.number;
     for (const PlacedLeaf& leaf : leaves) {
-        offsets[leaf.path] = leaf.offset;
-    }
-    for (const auto& [path, text] : texts) {
-        if (offsets.count(path) == 0) {
-            return std::nullopt;
-        }
-        bytes.replace(offsets[path], 2, BytesOf(static_cast<std::int16_t>(std::stoi(text))));
-    }
-    if (texts.empty()) {
-        const ModelAddress address = session.list.Parse(OrEmpty(addressText));
-        if (!addressText || address.kind == nullptr) {
-            return std::nullopt;
-        }
-        std::uint32_t number = address.number;
-        for (const PlacedLeaf& leaf : leaves) {
-            bytes.replace(leaf.offset, 2, WordFrom(session, address, number++));
+        if (const ModelEntry* entry = session.list.EntryToRead(*address.kind, number++)) {
+            const std::string stored =
+                BytesFromParameter(*leaf.type, address.kind->type, entry->value);
+            bytes.replace(leaf.offset, stored.size(), stored);
         }
     }
     return bytes;
 }
 
+/// What slot 13 must build; none when it must fail.
+std::optional<std::string> Gathered(Session& session, const ModelArea& area, std::uint32_t count,
+                                    const PathsAndTexts& texts,
+                                    const std::optional<std::string>& addressText) {
+    const std::string zeros(std::size_t{area.size} * Elements(count), '\0');
+    const std::vector<PlacedLeaf> leaves = LeavesOf(area, count);
+    return texts.empty() ? BytesFromList(session, leaves, zeros, addressText)
+                         : BytesFromTexts(leaves, zeros, texts);
+}
+
 void Resolve(Session& session, Program& program) {
-    constexpr std::array<const char*, 8> kPaths = {"",    "x",   "y[0]",  "y[1]",
-                                                   "[0]", "[1]", "[1].x", "z"};
-    constexpr std::array<const char*, 3> kSpelled = {"5", "-7", "32767"};
-    std::vector<std::pair<std::string, std::string>> texts;
+    constexpr const char* kPaths[] = {"",      "x", "y[0]", "y[1]", "[0]", "[1]",
+                                      "[1].x", "z", "l",    "h",    "d",   "b",
+                                      "t",     "o", "c",    "f",    "m",   "n.y[1]"};
+    constexpr const char* kSpelled[] = {"5",          "-7",      "32767",  "2,96",    "-1.5e3",
+                                        "On",         "Off",     "\"ab\"", "\"abcde", "",
+                                        "7000000000", kTimeText, "1e400",  "x"};
+    PathsAndTexts texts;
     HostList list;
     const std::uint32_t pairs = program.Choose(4);
     for (std::uint32_t i = 0; i < pairs; ++i) {
@@ -88,7 +94,8 @@ void Resolve(Session& session, Program& program) {
         texts.emplace(texts.begin(), path, program.Pick(kSpelled));
         list.Add(texts.front().first, texts.front().second);
     }
-    constexpr std::array<std::int32_t, 5> kResolvedAreas = {1, 2, 4, 5, 99};
+    constexpr std::int32_t kResolvedAreas[] = {1, 2,  4,  5,  99, 10, 3,  6, 7,
+                                               9, 11, 12, 13, 14, 15, 16, 17};
     const std::optional<std::string> address = ChooseAddress(program);
     HostText addressText(address);
     const ParameterDescriptionRecord content{

@@ -1,11 +1,11 @@
-#include "session.h"
+#include "fuzz/boundary/session.h"
 
 #include <algorithm>
 #include <memory>
 
-#include "host_memory.h"
-#include "memory_files.h"
-#include "require.h"
+#include "fuzz/boundary/host_memory.h"
+#include "fuzz/boundary/memory_files.h"
+#include "fuzz/require.h"
 #include "resources/built_in_strings.h"
 
 namespace orvell {

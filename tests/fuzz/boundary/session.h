@@ -5,11 +5,11 @@
 #include <string>
 #include <string_view>
 
-#include "definition_model.h"
+#include "fuzz/boundary/definition_model.h"
+#include "fuzz/boundary/list_model.h"
+#include "fuzz/boundary/program.h"
 #include "host/module.h"
-#include "list_model.h"
 #include "orvell/orvell.h"
-#include "program.h"
 #include "support/fake_libraries.h"
 #include "support/recorded_messages.h"
 #include "unit/memstruct/fake_xml_library.h"

@@ -1,10 +1,10 @@
 #include <array>
 
-#include "bad_host.h"
-#include "definition_model.h"
-#include "host_record.h"
-#include "require.h"
-#include "session.h"
+#include "fuzz/boundary/bad_host.h"
+#include "fuzz/boundary/definition_model.h"
+#include "fuzz/boundary/host_record.h"
+#include "fuzz/boundary/session.h"
+#include "fuzz/require.h"
 
 namespace orvell::fuzz {
 namespace {
@@ -15,12 +15,21 @@ std::uint32_t ChooseElementCount(Program& program) {
     return program.Pick(kCounts);
 }
 
+/// Bytes of which no two that lie near each other are the same.
+std::string MixedBytes(std::size_t length) {
+    std::string bytes;
+    for (std::size_t i = 0; i < length; ++i) {
+        bytes += static_cast<char>('A' + 29 * i);
+    }
+    return bytes;
+}
+
 /// A record of an area, with bytes that mostly suffice.
 struct GivenValue {
     GivenValue(Session& session, Program& program)
         : identifier(ChooseArea(program)),
           count(ChooseElementCount(program)),
-          bytes(LengthFor(session, program)),
+          bytes(MixedBytes(LengthFor(session, program))),
           record(program, {sizeof(ParameterRecord),
                            identifier,
                            count,
@@ -34,11 +43,11 @@ struct GivenValue {
 
     [[nodiscard]] std::uint32_t Elements() const { return fuzz::Elements(understood.count); }
 
-    /// Whether the bytes hold the whole value.
-    [[nodiscard]] bool IsWhole() const {
-        const std::uint32_t length = understood.bytes == nullptr ? 0 : understood.length;
-        return area != nullptr && area->hasValues &&
-               std::uint64_t{area->size} * Elements() <= length;
+    /// The bytes of the value as the module sees them now.
+    [[nodiscard]] std::optional<std::string> Given() {
+        return understood.bytes == nullptr
+                   ? std::nullopt
+                   : std::optional(bytes.Bytes().substr(0, understood.length));
     }
 
     std::int32_t identifier;
@@ -67,8 +76,9 @@ void GiveOut(Session& session, Program& program, const char* family, const Call&
     const std::string before = value.record.Bytes() + value.bytes.Bytes();
     const Session::Transfer transfer(session);
     const std::int32_t result = call(value.record.Pointer(), online, host);
-    const bool isDone = value.IsWhole() && !host.Fails(*value.area, value.Elements(), family);
-    Require(result == (isDone ? 1 : 0), "a value is given out whole or not at all");
+    const TransferCourse course =
+        host.RequireCalled({value.area, value.Elements(), family, value.Given(), nullptr});
+    Require(result == (course.isDone ? 1 : 0), "a value is given out whole or not at all");
     RequireSame(value.record.Bytes() + value.bytes.Bytes(), before, "a value given stays");
 }
 
@@ -90,11 +100,11 @@ void WriteOnline(Session& session, Program& program) {
 std::string Supplied(const ModelArea& area, std::uint32_t count, bool closesTexts) {
     std::string element(area.size, '\0');
     for (const ModelLeaf& leaf : area.leaves) {
-        std::string bytes(kSupply.begin(), kSupply.begin() + leaf.width);
-        if (closesTexts && std::string(leaf.functions) == "Text") {
+        std::string bytes(kSupply.begin(), kSupply.begin() + leaf.type->width);
+        if (closesTexts && std::string(leaf.type->functions) == "Text") {
             bytes.back() = '\0';
         }
-        element.replace(leaf.offset, leaf.width, bytes);
+        element.replace(leaf.offset, leaf.type->width, bytes);
     }
     std::string all;
     for (std::uint32_t i = 0; i < count && !element.empty(); ++i) {
@@ -141,10 +151,12 @@ void FillNew(Session& session, Program& program, bool isOnline) {
         value.area != nullptr ? std::uint64_t{value.area->size} * value.understood.count : 0;
     constexpr std::uint64_t kLongest = 0x7FFFFFFF;
     const bool isPossible = value.area != nullptr && length <= kLongest;
-    const bool fails = isPossible && length != 0 &&
-                       host.Fails(*value.area, value.understood.count, isOnline ? "Get" : "Raw");
-    if (!isPossible || fails) {
-        Require(result == (fails && isOnline ? -1 : 0), "what cannot be read gives nothing");
+    const bool isBegun = isPossible && length != 0;
+    const TransferCourse course = host.RequireCalled(
+        {isBegun ? value.area : nullptr, value.understood.count, isOnline ? "Get" : "Raw",
+         std::string(isBegun ? static_cast<std::size_t>(length) : 0, '\0'), nullptr});
+    if (!isPossible || (isBegun && !course.isDone)) {
+        Require(result == (isBegun && isOnline ? -1 : 0), "what cannot be read gives nothing");
         RequireSame(value.record.Bytes(), before, "a record that could not be filled stays");
         return;
     }
@@ -156,21 +168,32 @@ void FillNew(Session& session, Program& program, bool isOnline) {
     }
 }
 
+/// The bytes of a value after the host's raw put has been called so.
+std::string FilledBy(const TransferCourse& course, std::uint32_t size, std::string bytes) {
+    for (const auto& call : course.calls) {
+        bytes.replace(std::size_t{size} * call.first + call.second, call.bytes.size(),
+                      std::string(kSupply.begin(), kSupply.begin() + call.bytes.size()));
+    }
+    return bytes;
+}
+
 void FillInPlace(Session& session, Program& program) {
     GivenValue value(session, program);
     BadHost host(session, program);
     FillRecord fill = host.Fill();
     const std::string before = value.record.Bytes();
+    const std::string bytes = value.bytes.Bytes();
+    const ModelTransfer inPlace{value.area, value.Elements(), "Raw", value.Given(),
+                                value.bytes.Data()};
     const Session::Transfer transfer(session);
     const std::int32_t result =
         session.standard.FillStdParameterValueInPlace(value.record.Pointer(), &fill);
-    const bool isDone = value.IsWhole() && !host.Fails(*value.area, value.Elements(), "Raw");
-    Require(result == (isDone ? 1 : 0), "a value is filled whole or not at all");
+    const TransferCourse course = host.RequireCalled(inPlace);
+    Require(result == (course.isDone ? 1 : 0), "a value is filled whole or not at all");
     RequireSame(value.record.Bytes(), before, "a record stays");
-    if (isDone) {
-        const std::string filled = Supplied(*value.area, value.Elements(), false);
-        RequireSame(value.bytes.Bytes().substr(0, filled.size()), filled, "bytes are filled");
-    }
+    const std::uint32_t size = value.area != nullptr ? value.area->size : 0;
+    RequireSame(value.bytes.Bytes(), FilledBy(course, size, bytes),
+                "the bytes hold what the host has put into them, and no more");
 }
 
 constexpr std::array kTransferOperations = {

@@ -1,4 +1,4 @@
-#include "value_model.h"
+#include "fuzz/boundary/value_model.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,8 +7,8 @@
 #include <cstring>
 #include <limits>
 
-#include "decimal_model.h"
-#include "host_memory.h"
+#include "fuzz/boundary/decimal_model.h"
+#include "fuzz/boundary/host_memory.h"
 
 namespace orvell::fuzz {
 namespace {

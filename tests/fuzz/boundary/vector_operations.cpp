@@ -1,9 +1,9 @@
 #include <array>
 
-#include "host_memory.h"
-#include "require.h"
-#include "session.h"
-#include "vocabulary.h"
+#include "fuzz/boundary/host_memory.h"
+#include "fuzz/boundary/session.h"
+#include "fuzz/boundary/vocabulary.h"
+#include "fuzz/require.h"
 
 namespace orvell::fuzz {
 namespace {

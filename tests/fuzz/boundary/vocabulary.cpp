@@ -1,4 +1,4 @@
-#include "vocabulary.h"
+#include "fuzz/boundary/vocabulary.h"
 
 #include <limits>
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "program.h"
+#include "fuzz/boundary/program.h"
 
 namespace orvell::fuzz {
 

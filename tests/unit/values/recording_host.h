@@ -110,10 +110,7 @@ class RecordingHost {
     static std::int32_t ORVELL_CALL PutRaw(std::uint32_t first, std::uint32_t second, void* bytes,
                                            std::uint32_t byteCount, std::uint32_t kind) {
         Exchange(bytes, byteCount);
-        const std::int32_t result = Note("PutRaw", first, second, current_->foundInPlace);
-        current_->calls.back().kind = kind;
-        current_->calls.back().address = bytes;
-        return result;
+        return Note("PutRaw", first, second, current_->foundInPlace, kind, bytes);
     }
 
     static void Exchange(void* place, std::size_t size) {
@@ -125,8 +122,9 @@ class RecordingHost {
     }
 
     static std::int32_t Note(const std::string& function, std::uint32_t first, std::uint32_t second,
-                             std::vector<std::uint8_t> bytes) {
-        current_->calls.push_back({function, first, second, std::move(bytes), 0, nullptr});
+                             std::vector<std::uint8_t> bytes, std::uint32_t kind = 0,
+                             const void* address = nullptr) {
+        current_->calls.push_back({function, first, second, std::move(bytes), kind, address});
         if (current_->onCall) {
             current_->onCall();
         }
