@@ -17,7 +17,7 @@ SUFFIX = "_fuzzer"
 # The limits tell a hang and a runaway allocation from honest work: seconds an input, MiB in all.
 LIMITS = ["-timeout=20", "-rss_limit_mb=3000", "-malloc_limit_mb=2000"]
 # The longest inputs in bytes where the engine's own 4096 would spend the time on more of the same.
-LONGEST = {"boundary": 1000, "csv_file": 700, "list_file": 700}
+LONGEST = {"boundary": 1000, "csv_file": 2000, "list_file": 2000}
 # A null result is a defined answer of malloc; the code must cope with it. Freed memory is held back
 # for long enough to see its use within one input, and no longer: that is twice as fast.
 ENVIRONMENT = {

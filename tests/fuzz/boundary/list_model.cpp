@@ -2,29 +2,34 @@
 
 #include <algorithm>
 
+#include "fuzz/parameter_kinds.h"
+
 namespace orvell::fuzz {
 namespace {
 
-constexpr struct {
-    const char* keyword;
-    ModelType type;
-} kKinds[] = {
-    {"E", ModelType::Bit},
-    {"A", ModelType::Bit},
-    {"B", ModelType::Bit},
-    {"UCHARPARA", ModelType::Byte},
-    {"PW", ModelType::Word},
-    {"PL", ModelType::Long},
-    {"INT64PARA", ModelType::Integer64},
-    {"PF", ModelType::Number},
-    {"DOUBLEPARA", ModelType::Number},
-    {"PT", ModelType::Text},
-    {"TIMEPARA", ModelType::Seconds},
-    {"DATEPARA", ModelType::Seconds},
-    {"TODPARA", ModelType::Seconds},
-    {"DTPARA", ModelType::Seconds},
-    {"OLEDTPARA", ModelType::Number},
-};
+/// How the accessors see the values of a type.
+ModelType ModelTypeOf(paramlist::ValueTypeCode type) {
+    using paramlist::ValueTypeCode;
+    switch (type) {
+        case ValueTypeCode::Bit:
+            return ModelType::Bit;
+        case ValueTypeCode::Byte:
+            return ModelType::Byte;
+        case ValueTypeCode::Word:
+            return ModelType::Word;
+        case ValueTypeCode::Long:
+            return ModelType::Long;
+        case ValueTypeCode::Integer64:
+            return ModelType::Integer64;
+        case ValueTypeCode::Text:
+            return ModelType::Text;
+        case ValueTypeCode::Float:
+        case ValueTypeCode::OleDateTime:
+            return ModelType::Number;
+        default:
+            return ModelType::Seconds;
+    }
+}
 
 /// Where the digits at the text's end begin, of which the first character is never one.
 std::size_t StartOfDigits(const std::string& text) {
@@ -69,8 +74,8 @@ ModelEntry& ModelKind::Add(std::uint32_t number) {
 
 void ListModel::BuildOrClear() {
     Clear();
-    for (const auto& [keyword, type] : kKinds) {
-        kinds_[keyword].type = type;
+    for (const ParameterKindRow& kind : kParameterKinds) {
+        kinds_[std::string(kind.keyword)].type = ModelTypeOf(kind.type);
     }
 }
 

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "fuzz/files/german_strings.h"
+#include "fuzz/parameter_kinds.h"
 
 namespace orvell::fuzz {
 namespace {
@@ -28,7 +29,7 @@ bool IsStartOf(StringId id, const std::string& text) {
 }
 
 bool IsHeadLine(const std::string& text) {
-    for (std::uint32_t kind = 0; kind < paramlist::kParameterKindCount; ++kind) {
+    for (std::uint32_t kind = 0; kind < kParameterKinds.size(); ++kind) {
         const auto first = static_cast<std::uint32_t>(StringId::CsvHeaderE);
         if (IsStartOf(static_cast<StringId>(first + kind), text)) {
             return true;
@@ -66,10 +67,11 @@ CsvLineStart ReadCsvLineStart(ReferenceList& list, const std::string& text) {
         hasPoint = hasPoint || address[start] == '.';
     }
     const std::string keyword = address.substr(0, start);
-    if (HandlerOf(keyword) == nullptr) {
+    const ParameterKindRow* const kind = FindParameterKind(keyword);
+    if (kind == nullptr) {
         return IsHeadLine(text) ? CsvLineStart{} : CsvLineStart{nullptr, 2000, text};
     }
-    const bool isBit = ValueTypeOf(keyword) == paramlist::ValueTypeCode::Bit;
+    const bool isBit = kind->type == paramlist::ValueTypeCode::Bit;
     const auto number = NumberOf(address.substr(start), isBit);
     if (!number) {
         return {nullptr, 2002, address};

@@ -4,8 +4,8 @@
 #include <iterator>
 #include <string>
 
-#include "fuzz/files/german_strings.h"
 #include "fuzz/files/plain_value.h"
+#include "fuzz/parameter_kinds.h"
 
 namespace orvell::fuzz {
 namespace {
@@ -96,15 +96,14 @@ class CsvFile {
     CsvFile(const PlainList& written, const PlainList& before) : written_(written), list_(before) {}
 
     CsvOutcome Outcome() {
-        for (std::uint32_t index = 0; index < paramlist::kParameterKindCount; ++index) {
-            const auto first = static_cast<std::uint32_t>(resources::StringId::KeywordE);
-            Kind(GermanStrings().Text(static_cast<resources::StringId>(first + index)));
+        for (const ParameterKindRow& kind : kParameterKinds) {
+            Kind(kind.keyword);
         }
         return {list_.Entries(), warnings_};
     }
 
   private:
-    void Kind(const std::string& keyword) {
+    void Kind(std::string_view keyword) {
         PlainList entries;
         std::ranges::copy_if(written_, std::back_inserter(entries),
                              [&](const PlainEntry& entry) { return entry.keyword == keyword; });

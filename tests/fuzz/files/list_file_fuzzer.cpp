@@ -1,9 +1,9 @@
 // List files: the product's reader against the reference, and the way from a list into a file and
 // back.
 //
-// The first byte tells what the others are: bit 0 set, a list to be written; else a file, which
-// only changes existing entries if bit 1 is set. The second is the rhythm of the portions in which
-// files come.
+// The first byte tells what the others are: bit 0 set, a list to be written, a long one if the byte
+// is "y"; else a file, which only changes existing entries if bit 1 is set. The second is the
+// rhythm of the portions in which files come.
 
 #include "fuzz/files/file_losses.h"
 #include "fuzz/files/german_strings.h"
@@ -50,8 +50,8 @@ void WriteAndReadTwice(const ParameterList& list, std::uint32_t rhythm) {
     const PlainList before = PlainListOf(list);
     const bool isCarried = HasNoneOf(before, list.ProjectName(), kForeignToListFile);
     const std::string written = Write(list);
-    ParameterList& once = EmptyList(Place::Third);
-    ParameterList& inPortions = EmptyList(Place::Fourth);
+    ParameterList& once = EmptyList(Place::ReadBack);
+    ParameterList& inPortions = EmptyList(Place::ReadBackInPortions);
     ReadAsReferenceDoes(once, inPortions, written, rhythm, ListFileScope::AllEntries);
     const PlainList afterOnce = PlainListOf(once);
     if (isCarried) {
@@ -63,14 +63,14 @@ void WriteAndReadTwice(const ParameterList& list, std::uint32_t rhythm) {
     Require(!isCarried || !IsListFileLasting(before) || writtenAgain == written,
             "what has been saved and loaded is saved as the same bytes");
     once.SetProjectName("");
-    ParameterList& twice = EmptyList(Place::Fifth);
+    ParameterList& twice = EmptyList(Place::ReadBackAgain);
     Require(Read(twice, Write(once), rhythm, ListFileScope::AllEntries), "an export can be read");
     RequireEqual(PlainListOf(twice), AfterListFile(afterOnce), "what files carry stays");
 }
 
 void ReadFile(std::string_view bytes, std::uint32_t rhythm, ListFileScope scope) {
-    ParameterList& list = EmptyList(Place::First);
-    ParameterList& other = EmptyList(Place::Second);
+    ParameterList& list = EmptyList(Place::Start);
+    ParameterList& other = EmptyList(Place::StartInPortions);
     if (scope == ListFileScope::ExistingEntries) {
         AddOldEntries(list);
         AddOldEntries(other);
@@ -79,7 +79,7 @@ void ReadFile(std::string_view bytes, std::uint32_t rhythm, ListFileScope scope)
     ReadAsReferenceDoes(list, other, bytes, rhythm, scope);
     const PlainList after = PlainListOf(list);
     Require(HasNoneOf(after, "", kForeignToListFile), "files bring only what files can carry");
-    ParameterList& changed = EmptyList(Place::Second);
+    ParameterList& changed = EmptyList(Place::Changed);
     AddChanged(changed, after, before);
     WriteAndReadTwice(changed, rhythm);
 }
@@ -93,8 +93,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::uint8_t mode = input.TakeByte();
     const std::uint8_t rhythm = input.TakeByte();
     if ((mode & 1) != 0) {
-        ParameterList& list = EmptyList(Place::First);
+        ParameterList& list = EmptyList(Place::Start);
         MakeList(list, input);
+        if (mode == 'y') {
+            MakeLong(list);
+        }
         WriteAndReadTwice(list, rhythm);
     } else {
         ReadFile(input.TakeRest(), rhythm,

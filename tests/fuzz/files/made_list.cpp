@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <bit>
-#include <iterator>
 #include <map>
 #include <string>
 #include <vector>
 
 #include "fuzz/files/german_strings.h"
+#include "fuzz/files/kind_properties.h"
 #include "paramlist/value_type_handler.h"
 
 namespace orvell::fuzz {
@@ -57,8 +57,12 @@ void TakeValue(Input& input, const ParameterKind& kind, ParameterValue& value) {
 
 ParameterList& EmptyList(Place place) {
     static std::map<Place, ParameterList> lists;
-    ParameterList& list = lists.try_emplace(place, GermanStrings()).first->second;
+    const auto [found, isNew] = lists.try_emplace(place, GermanStrings());
+    ParameterList& list = found->second;
     list.BuildOrClear();
+    if (isNew) {
+        RequireTableOfKinds(list);
+    }
     list.SetProjectName("");
     return list;
 }
@@ -80,6 +84,17 @@ void MakeList(ParameterList& list, Input& input) {
     }
 }
 
+void MakeLong(ParameterList& list) {
+    constexpr std::size_t kBlock = 64 * 1024;
+    const std::string part = list.ProjectName().empty() ? "x" : std::string(list.ProjectName());
+    std::string text;
+    while (text.size() < kBlock) {
+        text += part;
+    }
+    ParameterKind& kind = *list.FindKind("PT");
+    kind.Handler()->SetFromText(kind.Obtain(1, true).Value(), text);
+}
+
 void AddOldEntries(ParameterList& list) {
     const auto add = [](ParameterKind& kind, std::uint32_t number) {
         ParameterEntry& entry = kind.Obtain(number, true);
@@ -96,13 +111,13 @@ void AddOldEntries(ParameterList& list) {
 }
 
 void AddChanged(ParameterList& to, const PlainList& list, const PlainList& before) {
-    std::vector<PlainEntry> changed;
-    std::ranges::set_difference(list, before, std::back_inserter(changed));
-    for (const PlainEntry& plain : changed) {
-        ParameterEntry& entry = to.FindKind(plain.keyword)->Obtain(plain.number, true);
-        entry.SetName(plain.name);
-        entry.SetComment(plain.comment);
-        entry.Value().Assign(std::vector<std::uint8_t>(plain.value.begin(), plain.value.end()));
+    for (const PlainEntry& plain : list) {
+        if (std::ranges::find(before, plain) == before.end()) {
+            ParameterEntry& entry = to.FindKind(plain.keyword)->Obtain(plain.number, true);
+            entry.SetName(plain.name);
+            entry.SetComment(plain.comment);
+            entry.Value().Assign(std::vector<std::uint8_t>(plain.value.begin(), plain.value.end()));
+        }
     }
 }
 

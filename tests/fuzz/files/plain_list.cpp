@@ -4,8 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "fuzz/files/german_strings.h"
-#include "resources/built_in_strings.h"
+#include "fuzz/parameter_kinds.h"
 
 namespace orvell::fuzz {
 namespace {
@@ -13,15 +12,6 @@ namespace {
 using paramlist::ParameterEntry;
 using paramlist::ParameterKind;
 using paramlist::ParameterList;
-
-const ParameterKind* KindOf(std::string_view keyword) {
-    static const ParameterList* const kKinds = [] {
-        static ParameterList list(GermanStrings());
-        list.BuildKinds();
-        return &list;
-    }();
-    return kKinds->FindKind(keyword);
-}
 
 std::string Describe(const PlainEntry& entry) {
     std::string text = entry.keyword + ' ' + std::to_string(entry.number) + " name '" + entry.name +
@@ -35,12 +25,6 @@ std::string Describe(const PlainEntry& entry) {
 }
 
 }  // namespace
-
-const resources::StringTable& GermanStrings() {
-    static const resources::BuiltInStrings kSource;
-    static const resources::StringTable kTable(kSource);
-    return kTable;
-}
 
 PlainList PlainListOf(const ParameterList& list) {
     PlainList plain;
@@ -73,14 +57,9 @@ std::string TextFromFile(std::string_view text, std::size_t limit) {
     return kept;
 }
 
-const paramlist::ValueTypeHandler* HandlerOf(std::string_view keyword) {
-    const ParameterKind* const kind = KindOf(keyword);
-    return kind != nullptr ? kind->Handler() : nullptr;
-}
-
 paramlist::ValueTypeCode ValueTypeOf(std::string_view keyword) {
-    const ParameterKind* const kind = KindOf(keyword);
-    return kind != nullptr ? kind->ValueType() : paramlist::ValueTypeCode::None;
+    const ParameterKindRow* const kind = FindParameterKind(keyword);
+    return kind != nullptr ? kind->type : paramlist::ValueTypeCode::None;
 }
 
 void RequireEqual(const PlainList& found, const PlainList& expected, const char* what) {

@@ -31,9 +31,7 @@ using PlainList = std::vector<PlainEntry>;
 /// first `limit` bytes.
 [[nodiscard]] std::string TextFromFile(std::string_view text, std::size_t limit);
 
-/// The kind's handler, null for an unknown keyword.
-[[nodiscard]] const paramlist::ValueTypeHandler* HandlerOf(std::string_view keyword);
-
+/// Of the table of kinds; `None` for an unknown keyword.
 [[nodiscard]] paramlist::ValueTypeCode ValueTypeOf(std::string_view keyword);
 
 /// Ends the program when the lists differ, after printing the first difference.

@@ -1,40 +1,8 @@
 #include "fuzz/files/reference_list.h"
 
-#include <optional>
-#include <vector>
-
-#include "fuzz/files/german_strings.h"
 #include "fuzz/files/value_reference.h"
-#include "fuzz/require.h"
-#include "paramlist/value_type_handler.h"
 
 namespace orvell::fuzz {
-namespace {
-
-using paramlist::ValueTypeHandler;
-
-using ValueSetter = bool (ValueTypeHandler::*)(paramlist::ParameterValue&, std::string_view,
-                                               const paramlist::ValueTexts&) const;
-
-ReadValue Read(PlainEntry& entry, ValueSetter setter, std::string_view text) {
-    const std::vector<std::uint8_t> before(entry.value.begin(), entry.value.end());
-    paramlist::ParameterValue value;
-    value.Assign(before);
-    const ValueTypeHandler& handler = *HandlerOf(entry.keyword);
-    const bool isSet = (handler.*setter)(value, text, paramlist::LoadValueTexts(GermanStrings()));
-    const auto after = value.Bytes();
-    const std::string bytes(after.begin(), after.end());
-    Require(isSet || bytes == entry.value, "a value that is refused leaves the old one");
-    entry.value = bytes;
-    return {.isRefused = !isSet, .bytes = isSet ? bytes : std::string()};
-}
-
-void RequireReference(const ReadValue& found, const std::optional<ReadValue>& expected) {
-    Require(!expected || found == *expected, "numbers are read as the C library reads them");
-}
-
-}  // namespace
-
 ReferenceList::ReferenceList(const PlainList& entries) {
     for (const PlainEntry& entry : entries) {
         entries_.emplace(std::pair(entry.keyword, entry.number), entry);
@@ -65,16 +33,16 @@ PlainList ReferenceList::Entries() const {
     return list;
 }
 
-bool SetFromListText(PlainEntry& entry, std::string_view text) {
-    const ReadValue found = Read(entry, &ValueTypeHandler::SetFromListText, text);
-    RequireReference(found, ValueOfListText(ValueTypeOf(entry.keyword), text));
-    return !found.isRefused;
+void SetFromListText(PlainEntry& entry, std::string_view text) {
+    entry.value = ValueOfListText(ValueTypeOf(entry.keyword), text).bytes;
 }
 
 bool SetFromCsvText(PlainEntry& entry, std::string_view text) {
-    const ReadValue found = Read(entry, &ValueTypeHandler::SetFromCsvText, text);
-    RequireReference(found, ValueOfCsvText(ValueTypeOf(entry.keyword), text));
-    return !found.isRefused;
+    const ReadValue read = ValueOfCsvText(ValueTypeOf(entry.keyword), text);
+    if (!read.isRefused) {
+        entry.value = read.bytes;
+    }
+    return !read.isRefused;
 }
 
 std::string InTextMode(std::string_view bytes) {

@@ -26,9 +26,11 @@ class ReferenceList {
     std::multimap<std::pair<std::string, std::uint32_t>, PlainEntry> entries_;
 };
 
-/// Set the entry's value from the text in a file by the product's own handler, which must agree
-/// with the reference where that knows the text. The result is the handler's.
-bool SetFromListText(PlainEntry& entry, std::string_view text);
+/// Sets the entry's value from the text in a list file.
+void SetFromListText(PlainEntry& entry, std::string_view text);
+
+/// Sets the entry's value from the text in a CSV file; false, with the value unchanged, for one
+/// that is refused.
 bool SetFromCsvText(PlainEntry& entry, std::string_view text);
 
 /// A text file as a program sees it on Windows: single line feeds, byte 26 being the end.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -8,21 +7,16 @@
 
 namespace orvell::fuzz {
 
-/// What a text gives: the value's bytes, none for one that is refused.
+/// What a text gives: the value's bytes, none for an undefined one and for a text that is refused.
 struct ReadValue {
     bool isRefused = false;
     std::string bytes;
-
-    bool operator==(const ReadValue&) const = default;
 };
 
-/// The value that digits with a sign, a point and an exponent spell in a list file, read by the C
-/// library; none for other texts and types.
-[[nodiscard]] std::optional<ReadValue> ValueOfListText(paramlist::ValueTypeCode type,
-                                                       std::string_view text);
+// The values of texts as "Values as texts" in docs/parameter-list.md has them, numbers by the C
+// library.
 
-/// As `ValueOfListText`, in a CSV file; integers of digits alone.
-[[nodiscard]] std::optional<ReadValue> ValueOfCsvText(paramlist::ValueTypeCode type,
-                                                      std::string_view text);
+[[nodiscard]] ReadValue ValueOfListText(paramlist::ValueTypeCode type, std::string_view text);
+[[nodiscard]] ReadValue ValueOfCsvText(paramlist::ValueTypeCode type, std::string_view text);
 
 }  // namespace orvell::fuzz
