@@ -1,6 +1,7 @@
 #include "ui/dialogs/dialog_resources.h"
 
 #include <array>
+#include <cstring>
 #include <cwchar>
 #include <filesystem>
 #include <set>
@@ -14,15 +15,14 @@ namespace {
 
 using test::DialogUser;
 
-/// A library of one language, beside the folder of the test program.
+/// A library of one language.
 class LanguageLibrary {
   public:
-    explicit LanguageLibrary(const wchar_t* language) {
-        std::array<wchar_t, MAX_PATH> program{};
-        GetModuleFileNameW(nullptr, program.data(), MAX_PATH);
-        const auto folder = std::filesystem::path(program.data()).parent_path().parent_path();
-        module_ = LoadLibraryExW((folder / "bin" / language / "ORVELLRES.DLL").c_str(), nullptr,
-                                 LOAD_LIBRARY_AS_DATAFILE);
+    /// The one of the product, beside the folder of the test program.
+    explicit LanguageLibrary(const wchar_t* language)
+        : LanguageLibrary(ProductFolder() / language / "ORVELLRES.DLL") {}
+    explicit LanguageLibrary(const std::filesystem::path& path)
+        : module_(LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE)) {
         EXPECT_NE(module_, nullptr);
     }
     ~LanguageLibrary() { FreeLibrary(module_); }
@@ -32,6 +32,12 @@ class LanguageLibrary {
     [[nodiscard]] HMODULE Module() const { return module_; }
 
   private:
+    static std::filesystem::path ProductFolder() {
+        std::array<wchar_t, MAX_PATH> program{};
+        GetModuleFileNameW(nullptr, program.data(), MAX_PATH);
+        return std::filesystem::path(program.data()).parent_path().parent_path() / "bin";
+    }
+
     HMODULE module_;
 };
 
@@ -136,6 +142,23 @@ TEST_F(DialogLanguageTest, TheEnglishLibrarySpeaksEnglish) {
 TEST_F(DialogLanguageTest, ALibraryWithoutDialogsLeavesTheModulesOwn) {
     languageLibrary = GetModuleHandleW(L"kernel32.dll");
     ExpectTexts(kGermanParameter, kGermanTransfer);
+}
+
+TEST_F(DialogLanguageTest, ATranslationWithoutTheGridEndsAtOnce) {
+    const LanguageLibrary library(std::filesystem::path(ORVELL_LANGUAGE_WITHOUT_GRID));
+    ASSERT_NE(FindResourceW(library.Module(), MAKEINTRESOURCEW(ORVELL_DIALOG_PARAMETER),
+                            MAKEINTRESOURCEW(5)),  // RT_DIALOG
+              nullptr);
+    languageLibrary = library.Module();
+    OwnedDialogRecord owned(kInt, {1, 0});
+    const DialogParameterRecord before = owned.record;
+    EXPECT_FALSE(Edit(owned)) << "by itself, with nobody to press a button";
+    EXPECT_EQ(std::memcmp(&owned.record, &before, sizeof(before)), 0);
+    EXPECT_EQ(*static_cast<const std::uint8_t*>(owned.record.bytes), 1);
+    languageLibrary = nullptr;
+    EXPECT_TRUE(EditWith(owned, [](const DialogUser& user) {
+        user.Press(ParameterDialogOf(user), IDOK);
+    })) << "and nothing is left of it";
 }
 
 TEST(DialogResourcesTest, FindsNothingElse) {
