@@ -1,7 +1,8 @@
 // Format texts as a wrong or malicious translation may hold them.
 //
 // The low three bits of the first byte are the number of arguments; the next two take hostile texts
-// through the exports instead. An argument is its type and a number of four bytes, or a length and
+// through the exports instead, or with the highest bit through import reports and the comments of
+// vectors. An argument is its type and a number of four bytes, or a length and
 // a text. What follows is the format.
 
 #include <algorithm>
@@ -13,6 +14,7 @@
 #include "fuzz/require.h"
 #include "fuzz/texts/format_reference.h"
 #include "fuzz/texts/hostile_exports.h"
+#include "fuzz/texts/hostile_messages.h"
 #include "resources/checked_format.h"
 #include "resources/format_conversion.h"
 
@@ -73,9 +75,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace orvell::fuzz;
     constexpr std::uint8_t kArgumentCount = 0x07;
     constexpr std::uint8_t kExports = 0x18;
+    constexpr std::uint8_t kMessages = 0x98;
     Input input({data, size});
     const std::uint8_t mode = input.TakeByte();
-    if ((mode & kExports) == kExports) {
+    if ((mode & kMessages) == kMessages) {
+        ReportWithTranslation(mode & kArgumentCount, std::string(input.TakeRest()));
+    } else if ((mode & kExports) == kExports) {
         ExportWithTranslation(mode & kArgumentCount, std::string(input.TakeRest()));
     } else {
         FormatAsReferenceDoes(input, mode & kArgumentCount);

@@ -5,11 +5,11 @@
 #include <vector>
 
 #include "fuzz/require.h"
+#include "fuzz/texts/changed_strings.h"
 #include "fuzz/texts/format_reference.h"
 #include "paramlist/csv_file_writer.h"
 #include "paramlist/list_file_writer.h"
 #include "paramlist/text_kinds.h"
-#include "resources/built_in_strings.h"
 #include "unit/paramlist/byte_stream_fakes.h"
 
 namespace orvell::fuzz {
@@ -21,21 +21,6 @@ using resources::StringId;
 using resources::StringTable;
 
 constexpr std::string_view kProjectName = "C:\\%n.prj";
-
-class ChangedStrings : public platform::StringSource {
-  public:
-    ChangedStrings(StringId id, const std::string& text)
-        : number_(static_cast<std::uint32_t>(id)), text_(text) {}
-
-    [[nodiscard]] std::string Load(std::uint32_t number) const override {
-        static const resources::BuiltInStrings kGerman;
-        return number == number_ ? text_ : kGerman.Load(number);
-    }
-
-  private:
-    const std::uint32_t number_;
-    const std::string& text_;
-};
 
 /// A bit, a word and an undefined text.
 const ParameterList& SmallList() {
