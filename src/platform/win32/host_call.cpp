@@ -31,7 +31,7 @@ struct ThrownType {
 static_assert(offsetof(ThrownType, destroy) == 4);
 
 /// Whoever catches an exception ends its object's life. To be called when the frames between have
-/// been cleared, and with the object, which lies in the thrower's, still below the stack's end.
+/// been cleared, but as deep on the stack as they were: the object lies in the thrower's.
 void DestroyObject(const EXCEPTION_RECORD& record) {
     const ULONG_PTR* const parameters = record.ExceptionInformation;
     if (record.NumberParameters != kThrowParameters || parameters[kFormat] < kFirstFormat ||
