@@ -1,6 +1,7 @@
 #include <array>
 #include <stdexcept>
 
+#include "fuzz/boundary/file_model.h"
 #include "fuzz/boundary/host_record.h"
 #include "fuzz/boundary/memory_files.h"
 #include "fuzz/boundary/session.h"
@@ -10,7 +11,14 @@
 namespace orvell::fuzz {
 namespace {
 
+using paramlist::ListFileScope;
 using Path = std::optional<std::string>;
+
+constexpr const char* kListNotSaved = "Die Parameterliste konnte nicht gespeichert werden.";
+
+FileForm FormOf(const std::string& path) {
+    return path.ends_with(".csv") || path.ends_with(".Csv") ? FileForm::Csv : FileForm::List;
+}
 
 /// A record that names a project, or is too short to.
 HostRecord<ConfigurationRecord> Project(Program& program, HostText& path) {
@@ -37,11 +45,18 @@ void SaveList(Session& session, Program& program) {
     auto record = Project(program, path);
     const std::string file = ListFile(record.Understood());
     session.management.SaveList(record.Pointer());
-    const bool fails = file.empty() || file.front() == '?';
-    session.ExpectMessages(session.list.Admit() && fails ? 1 : 0);
+    if (!session.list.Admit()) {
+        session.ExpectMessages(0);
+    } else if (file.empty()) {
+        session.ExpectMessage(kListNotSaved);
+    } else if (file.front() == '?') {
+        session.ExpectMessage("Die Datei " + file + " konnte nicht gespeichert werden.");
+    } else {
+        session.ExpectMessages(0);
+        RequireWritten(ModelEntries(session.list), MemoryFiles()[file], FileForm::List);
+    }
 }
 
-/// What a file holds is a matter of the readers: the model takes over what they have made of it.
 void LoadList(Session& session, Program& program) {
     HostText path(ChooseProject(program));
     auto record = Project(program, path);
@@ -50,9 +65,11 @@ void LoadList(Session& session, Program& program) {
     if (session.list.Admit()) {
         session.list.SetDeclaredOnly(false);
         session.list.BuildOrClear();
-        if (MemoryFiles().contains(file)) {
-            session.AdoptList();
+        if (!MemoryFiles().contains(file) ||
+            !ReadIntoModel(session.list, MemoryFiles()[file], ListFileScope::AllEntries)) {
+            session.list.BuildOrClear();
         }
+        session.CompareList();
     }
 }
 
@@ -74,8 +91,80 @@ void ExportList(Session& session, Program& program) {
     const auto slot =
         program.Decide() ? session.management.ExportAndOpenList : session.management.ExportList;
     slot(record.Pointer(), file.Pointer());
-    const bool fails = OrEmpty(path).empty() || OrEmpty(path).starts_with('?');
-    session.ExpectMessages(session.list.Admit() && fails ? 1 : 0);
+    if (!session.list.Admit()) {
+        session.ExpectMessages(0);
+    } else if (OrEmpty(path).empty() || path->starts_with('?')) {
+        session.ExpectMessage(kListNotSaved);
+    } else {
+        session.ExpectMessages(0);
+        RequireWritten(ModelEntries(session.list), MemoryFiles()[*path], FormOf(*path));
+    }
+}
+
+/// What the host's message page does.
+enum class Page { Works, Refuses, Throws };
+Page page = Page::Works;
+PageLines pageLines;
+
+constexpr std::int32_t kPageNumber = 17;
+
+std::int32_t AnswerOfPage(std::int32_t answer) {
+    if (page == Page::Throws) {
+        throw std::runtime_error("a page that is none");
+    }
+    return page == Page::Works ? answer : -1;
+}
+
+std::int32_t ORVELL_CALL LookUp(const char* name) {
+    Require(std::string(name) == "Import", "imports are reported in their own page");
+    return AnswerOfPage(kPageNumber);
+}
+
+std::int32_t ORVELL_CALL Append(std::int32_t number, const char* line, std::uint32_t color,
+                                std::int32_t emphasis) {
+    pageLines.push_back({number, line, color, emphasis});
+    return AnswerOfPage(1);
+}
+
+void InstallPage(Session& session, Program& program) {
+    constexpr std::array kPages = {Page::Works, Page::Refuses, Page::Throws};
+    page = program.Pick(kPages);
+    const HostExportTable callbacks{sizeof callbacks, LookUp, Append, nullptr, nullptr};
+    HostRecord<HostExportTable> record(program, callbacks);
+    const std::string before = record.Bytes();
+    const bool isGiven = program.Choose(4) != 3;
+    Require(SetZelkorExportFctns(isGiven ? record.Pointer() : nullptr) == 1,
+            "callbacks are always taken");
+    session.hasPageLookUp = isGiven && record.Understood().MessagePageLookup != nullptr;
+    session.hasPageAppend = isGiven && record.Understood().MessagePageAppend != nullptr;
+    RequireSame(record.Bytes(), before, "a table of callbacks stays");
+}
+
+/// The page's lines since the last call must report this import.
+void ExpectReport(const Session& session, const std::string& path, const PlainWarnings& warnings) {
+    const bool isFound = session.hasPageLookUp && page == Page::Works;
+    Require(
+        pageLines == (session.hasPageAppend ? ReportOf(path, warnings, isFound ? kPageNumber : 0)
+                                            : PageLines()),
+        "an import is reported line by line");
+    pageLines.clear();
+}
+
+/// What an import into the model's list must give: whether it succeeds.
+bool ImportIntoModel(Session& session, const std::string& path, ListFileScope scope) {
+    if (!MemoryFiles().contains(path)) {
+        return false;
+    }
+    if (FormOf(path) == FileForm::List) {
+        return ReadIntoModel(session.list, MemoryFiles()[path], scope);
+    }
+    const bool hasKinds = !session.list.Kinds().empty();
+    const PlainWarnings warnings = ReadCsvIntoModel(session.list, MemoryFiles()[path]);
+    if (hasKinds) {
+        ExpectReport(session, path, warnings);
+    }
+    pageLines.clear();  // a list that has not been built yet knows no kind
+    return true;
 }
 
 void ImportList(Session& session, Program& program) {
@@ -84,53 +173,28 @@ void ImportList(Session& session, Program& program) {
     const Path path = ChooseFile(program);
     HostText file(path);
     const bool isNew = program.Decide();
-    const bool isThere = MemoryFiles().contains(OrEmpty(path));
     const bool isAdmitted = session.list.Admit();
+    pageLines.clear();
     (isNew ? session.management.ImportNewList : session.management.ImportIntoList)(record.Pointer(),
                                                                                    file.Pointer());
     if (!isAdmitted) {
         session.ExpectMessages(0);
         return;
     }
-    Require(session.messages.shown.size() <= 1, "an import fails once");
-    Require(isThere || session.messages.shown.size() == 1, "an import without a file fails");
-    session.messages.shown.clear();
-    if (isThere) {
-        session.AdoptList();
-    } else if (isNew) {
+    if (isNew) {
         session.list.BuildOrClear();
     }
-}
-
-/// What the host's message page does.
-enum class Page { Works, Refuses, Throws };
-Page page = Page::Works;
-
-std::int32_t AnswerOfPage() {
-    if (page == Page::Throws) {
-        throw std::runtime_error("a page that is none");
+    const bool isDone = ImportIntoModel(
+        session, OrEmpty(path), isNew ? ListFileScope::AllEntries : ListFileScope::ExistingEntries);
+    Require(pageLines.empty(), "nothing else is reported");
+    if (isDone) {
+        session.ExpectMessages(0);
+    } else {
+        session.ExpectMessage(
+            "Die ausgew\xE4"
+            "hlte Parameterliste konnte nicht importiert werden.");
     }
-    return page == Page::Works ? 1 : -1;
-}
-
-std::int32_t ORVELL_CALL LookUp(const char*) {
-    return AnswerOfPage();
-}
-
-std::int32_t ORVELL_CALL Append(std::int32_t, const char* line, std::uint32_t, std::int32_t) {
-    Require(line != nullptr, "a line has a text");
-    return AnswerOfPage();
-}
-
-void InstallPage(Session&, Program& program) {
-    constexpr std::array kPages = {Page::Works, Page::Refuses, Page::Throws};
-    page = program.Pick(kPages);
-    const HostExportTable callbacks{sizeof callbacks, LookUp, Append, nullptr, nullptr};
-    HostRecord<HostExportTable> record(program, callbacks);
-    const std::string before = record.Bytes();
-    Require(SetZelkorExportFctns(program.Choose(4) == 3 ? nullptr : record.Pointer()) == 1,
-            "callbacks are always taken");
-    RequireSame(record.Bytes(), before, "a table of callbacks stays");
+    session.CompareList();
 }
 
 constexpr std::array kFileOperations = {

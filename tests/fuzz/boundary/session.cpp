@@ -149,23 +149,10 @@ void Session::CompareList() {
     }
 }
 
-void Session::AdoptList() {
-    const auto kinds = host::TheModule().parameters.Kinds();
-    if (!kinds.empty()) {
-        list.BuildOrClear();
-    }
-    for (const paramlist::ParameterKind& kind : kinds) {
-        ModelKind& adopted = list.Kinds().at(kind.Keyword());
-        kind.VisitInOrder([&](const paramlist::ParameterEntry& entry) {
-            const auto bytes = entry.Value().Bytes();
-            adopted.entries.push_back({entry.Number(),
-                                       (entry.Flags() & paramlist::kDeclaredMark) != 0,
-                                       std::string(entry.Name()), std::string(entry.Comment()),
-                                       ValueOfBytes(adopted.type, {bytes.begin(), bytes.end()})});
-            return true;
-        });
-    }
-    CompareList();
+void Session::ExpectMessage(const std::string& text) {
+    Require(!messages.shown.empty() && messages.shown.front().text == text,
+            "a message tells what has failed");
+    ExpectMessages(1);
 }
 
 void Session::ExpectMessages(std::size_t count) {

@@ -30,11 +30,11 @@ class Session {
     /// Compares all entries of the list with the model's.
     void CompareList();
 
-    /// Makes the model's list the module's.
-    void AdoptList();
-
     /// Compares how many messages have been shown since the last call.
     void ExpectMessages(std::size_t count);
+
+    /// One message with this text must have been shown since the last call.
+    void ExpectMessage(const std::string& text);
 
     /// What the next loading of definitions finds.
     void SetDefinitionFile(const std::string& text);
@@ -62,7 +62,9 @@ class Session {
         Session& session_;
     };
 
-    bool areDefined = false;  ///< whether the areas of the model are loaded
+    bool areDefined = false;     ///< whether the areas of the model are loaded
+    bool hasPageLookUp = false;  ///< of the host's callbacks that report imports
+    bool hasPageAppend = false;
     test::FakeXmlLibrary library;
     test::FakeLoader loader;
     test::RecordedMessages messages;
