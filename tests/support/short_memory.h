@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <initializer_list>
+#include <limits>
 
 namespace orvell::test {
 
@@ -27,21 +29,22 @@ bool EndShortage();
 void SuspendShortage(bool isSuspended);
 
 /// Calls `action` with 0, 1, 2, ... allocations before the shortage until it meets none, and
-/// `check(shortage)` after each that it met. Returns how many these were.
+/// `check(shortage)` after each that it met. Returns how many these were of each kind at least.
 template <typename Action, typename Check>
 std::size_t RunWithEveryShortage(const Action& action, const Check& check) {
-    std::size_t count = 0;
+    std::size_t least = std::numeric_limits<std::size_t>::max();
     for (const Shortage shortage : {Shortage::Passing, Shortage::Lasting}) {
-        for (std::size_t allocations = 0;; ++allocations, ++count) {
+        for (std::size_t allocations = 0;; ++allocations) {
             BeginShortage(shortage, allocations);
             action();
             if (!EndShortage()) {
+                least = std::min(least, allocations);
                 break;
             }
             check(shortage);
         }
     }
-    return count;
+    return least;
 }
 
 /// True when `action` asks for no memory at all.

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "management_fixture.h"
+#include "support/short_memory.h"
 #include "unit/memstruct/temporary_folder.h"
 
 namespace orvell::host {
@@ -14,6 +15,7 @@ constexpr int kImported = 10;
 constexpr std::size_t kReportCalls = 2 * (kImported / 2 + 2);  // a page and a line each
 
 std::size_t reportCalls = 0;
+std::vector<std::string> reportLines;
 std::function<void()> onReportCall;
 
 std::int32_t ORVELL_CALL LookUpReportPage(const char*) {
@@ -22,8 +24,10 @@ std::int32_t ORVELL_CALL LookUpReportPage(const char*) {
     return 1;
 }
 
-std::int32_t ORVELL_CALL AppendReportLine(std::int32_t, const char*, std::uint32_t, std::int32_t) {
+std::int32_t ORVELL_CALL AppendReportLine(std::int32_t, const char* line, std::uint32_t,
+                                          std::int32_t) {
     ++reportCalls;
+    reportLines.emplace_back(line);
     onReportCall();
     return 1;
 }
@@ -61,24 +65,52 @@ class ImportCallbacksTest : public ManagementTest {
         return count;
     }
 
+    /// The report names the file, and its last line counts the warnings between.
+    static void ExpectClosedReport() {
+        ASSERT_GE(reportLines.size(), 2U);
+        EXPECT_EQ(reportLines.front(), "Importiere LIST.CSV ...");
+        const std::size_t warnings = reportLines.size() - 2;
+        EXPECT_EQ(reportLines.back(), warnings == 0 ? std::string("Keine Warnungen")
+                                                    : std::to_string(warnings) + " Warnungen");
+    }
+
     /// Imports while `action` runs in call 1, 2, 3, ... of the host, until there is none such;
     /// `check` after each. Returns how many there were.
     template <typename Action, typename Check>
-    static std::size_t InEveryReportCall(const Action& action, const Check& check) {
+    std::size_t InEveryReportCall(const Action& action, const Check& check) {
+        ImportWithAction(1, action);  // has all texts loaded
+        check();
+        const std::size_t held = HeldWithEmptyList();
         for (std::size_t chosen = 1;; ++chosen) {
-            FillList();
-            reportCalls = 0;
-            onReportCall = [&] {
-                if (reportCalls == chosen) {
-                    action();
-                }
-            };
-            management::ImportIntoList(nullptr, "LIST.CSV");
+            ImportWithAction(chosen, action);
             if (reportCalls < chosen) {
                 return chosen - 1;
             }
             check();
+            EXPECT_EQ(HeldWithEmptyList(), held) << chosen;
         }
+    }
+
+    template <typename Action>
+    static void ImportWithAction(std::size_t chosen, const Action& action) {
+        FillList();
+        reportCalls = 0;
+        reportLines = {};
+        onReportCall = [&] {
+            if (reportCalls == chosen) {
+                action();
+            }
+        };
+        management::ImportIntoList(nullptr, "LIST.CSV");
+        onReportCall = nullptr;
+    }
+
+    /// What the module holds, the list and what the tests have noted put aside.
+    std::size_t HeldWithEmptyList() {
+        management::ClearList();
+        std::exchange(reportLines, {});
+        TakeMessages();
+        return test::HeldBlocks();
     }
 
     test::TemporaryFolder folder;
@@ -116,8 +148,11 @@ TEST_F(ImportCallbacksTest, TheListMayBeChangedWhileItIsImported) {
         },
     };
     for (const auto& action : actions) {
-        const std::size_t inEach = InEveryReportCall(action, [] {});
-        EXPECT_GE(inEach, 2U * 2) << "the beginning and the end are reported whatever is found";
+        const std::size_t inEach = InEveryReportCall(action, [] {
+            EXPECT_EQ(ImportedCount(), 0) << "an entry has come back";
+            ExpectClosedReport();
+        });
+        EXPECT_GE(inEach, kReportCalls);
     }
 }
 

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "paramlist/value_access.h"
+#include "support/all_texts.h"
 
 namespace orvell::host {
 
@@ -58,6 +59,10 @@ ManagementTest::~ManagementTest() {
 
 paramlist::ParameterList& ManagementTest::List() {
     return currentModule->parameters;
+}
+
+void ManagementTest::LoadAllTexts() {
+    test::LoadAllTexts(currentModule->strings);
 }
 
 std::string ManagementTest::TextOf(const std::string& address) {

@@ -56,6 +56,9 @@ class ManagementTest : public testing::Test {
     /// Loads without a project: all kinds, no parameter.
     static void BuildKinds() { management::LoadList(nullptr); }
 
+    /// Has all texts loaded, which the module keeps.
+    static void LoadAllTexts();
+
     /// The value's text, "none" when there is none.
     static std::string TextOf(const std::string& address);
 

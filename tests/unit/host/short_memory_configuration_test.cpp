@@ -2,6 +2,7 @@
 // some, and whole files.
 
 #include "slots_fixture.h"
+#include "support/all_texts.h"
 #include "support/short_memory.h"
 #include "unit/memstruct/fake_xml_library.h"
 #include "unit/memstruct/temporary_folder.h"
@@ -10,6 +11,7 @@ namespace orvell::host {
 namespace {
 
 using test::FileText;
+using test::HeldBlocks;
 using test::NeedsNoMemory;
 using test::RunWithEveryShortage;
 using test::Shortage;
@@ -32,6 +34,7 @@ class ShortMemoryConfigurationTest : public SlotsTest {
         loader.libraries["XML.DLL"] = test::FakeXmlLibrary::Functions();
         EXPECT_TRUE(TheModule().xml.Bind(loader, "XML.DLL"));
         test::FakeXmlLibrary::onEntryAndReturn = test::SuspendShortage;
+        test::LoadAllTexts(TheModule().strings);
         std::filesystem::create_directory("OUT");
         test::WriteFile(kProjectFile, kDefinitions);
     }
@@ -59,11 +62,29 @@ class ShortMemoryConfigurationTest : public SlotsTest {
         return copy;
     }
 
+    /// What the module holds, the definitions and what the tests have noted put aside.
+    std::size_t HeldWhenClosed() {
+        slots::CloseStdMemConfig(++token);
+        std::exchange(messages.shown, {});
+        return HeldBlocks();
+    }
+
     /// Memory that comes back in time is enough for the message.
     void ExpectMessage(Shortage shortage) const {
         if (shortage == Shortage::Passing) {
             EXPECT_EQ(messages.shown.size(), 1U);
         }
+    }
+
+    void ExpectAllOrNoDefinitions(Shortage shortage) const {
+        if (Text() == "one; one") {
+            EXPECT_TRUE(messages.shown.empty()) << "it could do without";
+            return;
+        }
+        EXPECT_TRUE(TheModule().store.Types().empty());
+        EXPECT_TRUE(TheModule().store.Areas().empty());
+        EXPECT_EQ(TheModule().store.GetCurrentPath(), "");
+        ExpectMessage(shortage);
     }
 
     test::TemporaryFolder folder;
@@ -75,19 +96,14 @@ class ShortMemoryConfigurationTest : public SlotsTest {
 TEST_F(ShortMemoryConfigurationTest, ALoadThatFailsLeavesNoDefinitions) {
     Load();
     ASSERT_EQ(Text(), "one; one");
+    const std::size_t held = HeldWhenClosed();
     const std::size_t shortages =
         RunWithEveryShortage([&] { Load(); },
                              [&](Shortage shortage) {
                                  EXPECT_EQ(TheModule().configCallStamp, token);
                                  EXPECT_EQ(library.Complaints(), "");
-                                 if (Text() == "one; one") {
-                                     EXPECT_TRUE(messages.shown.empty()) << "it could do without";
-                                     return;
-                                 }
-                                 EXPECT_TRUE(TheModule().store.Types().empty());
-                                 EXPECT_TRUE(TheModule().store.Areas().empty());
-                                 EXPECT_EQ(TheModule().store.GetCurrentPath(), "");
-                                 ExpectMessage(shortage);
+                                 ExpectAllOrNoDefinitions(shortage);
+                                 EXPECT_EQ(HeldWhenClosed(), held);
                              });
     EXPECT_GT(shortages, 10U);
     EXPECT_EQ(Size(1), 2U);
@@ -102,11 +118,19 @@ TEST_F(ShortMemoryConfigurationTest, AMergeThatFailsLeavesAWholeFile) {
     ASSERT_EQ(Size(2), 4U);
     const auto startAgain = [&] { test::WriteFile(kProjectFile, kDefinitions); };
     startAgain();
+    for (const std::size_t allocations : {1U, 20U}) {  // has all that is kept for later
+        test::BeginShortage(Shortage::Lasting, allocations);
+        merge();
+        EXPECT_TRUE(test::EndShortage());
+        startAgain();
+    }
+    const std::size_t held = HeldWhenClosed();
     const std::size_t shortages = RunWithEveryShortage(merge, [&](Shortage) {
-        const std::string file = FileText(kProjectFile);
-        EXPECT_TRUE(file == kDefinitions || file == merged) << file;
+        EXPECT_TRUE(FileText(kProjectFile) == kDefinitions || FileText(kProjectFile) == merged)
+            << FileText(kProjectFile);
         EXPECT_TRUE(TheModule().store.Types().empty() || Text() == "one; one");
         EXPECT_EQ(library.Complaints(), "");
+        EXPECT_EQ(HeldWhenClosed(), held);
         startAgain();
     });
     EXPECT_GT(shortages, 10U);
@@ -119,10 +143,13 @@ TEST_F(ShortMemoryConfigurationTest, AFailedExportIsReportedAndKeepsTheSource) {
         messages.shown.clear();
         slots::ExportStdMemConfig(&record, "OUT", ++token);
     };
+    exportThem();
+    const std::size_t held = HeldWhenClosed();
     EXPECT_GT(RunWithEveryShortage(exportThem,
                                    [&](Shortage shortage) {
                                        EXPECT_EQ(FileText(kProjectFile), kDefinitions);
                                        ExpectMessage(shortage);
+                                       EXPECT_EQ(HeldWhenClosed(), held);
                                    }),
               0U);
     EXPECT_EQ(FileText("OUT\\" + std::string(kProjectFile)), kDefinitions);
@@ -130,9 +157,16 @@ TEST_F(ShortMemoryConfigurationTest, AFailedExportIsReportedAndKeepsTheSource) {
 }
 
 TEST_F(ShortMemoryConfigurationTest, AFailedSavingIsReportedAndKeepsTheSource) {
-    Load();
-    record.path = "the_new_path_of_the_project.prj";
     const std::string target = "THE_NEW_PATH_OF_THE_PROJECT.STDMEMXML";
+    const auto startAgain = [&] {
+        std::filesystem::remove(target);
+        record.path = kProject;
+        Load();
+        record.path = "the_new_path_of_the_project.prj";
+    };
+    startAgain();
+    const std::size_t held = HeldWhenClosed();
+    startAgain();
     const auto save = [&] {
         messages.shown.clear();
         slots::SaveStdMemConfig(&record, ++token);
@@ -144,6 +178,8 @@ TEST_F(ShortMemoryConfigurationTest, AFailedSavingIsReportedAndKeepsTheSource) {
             << "the path is that of a whole file";
         EXPECT_EQ(Size(1), 2U);
         ExpectMessage(shortage);
+        EXPECT_EQ(HeldWhenClosed(), held);
+        startAgain();
     });
     EXPECT_GT(shortages, 0U);
     EXPECT_EQ(FileText(target), kDefinitions);

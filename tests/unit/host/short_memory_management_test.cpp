@@ -31,7 +31,7 @@ class ShortMemoryManagementTest : public ManagementTest {
         management::SaveList(&record);
         management::ExportList(&record, kExportedList);
         management::ExportList(&record, kExportedCsv);
-        management::ImportIntoList(&record, kExportedCsv);  // has all texts loaded
+        LoadAllTexts();
         EXPECT_TRUE(messages.shown.empty());
         // The memory is short in the module, not in the host.
         onEntryAndReturn = test::SuspendShortage;
@@ -70,11 +70,20 @@ class ShortMemoryManagementTest : public ManagementTest {
         }
     }
 
+    /// What the module holds, the list and what the tests have noted put aside.
+    std::size_t HeldWithEmptyList() {
+        management::ClearList();
+        std::exchange(reported, {});
+        TakeMessages();
+        return HeldBlocks();
+    }
+
     test::TemporaryFolder folder;
     ConfigurationRecord record{sizeof record, nullptr, "a_project_with_a_long_name.prj"};
 };
 
 TEST_F(ShortMemoryManagementTest, ALoadThatFailsLeavesAnEmptyList) {
+    const std::size_t held = HeldWithEmptyList();
     const std::size_t shortages =
         RunWithEveryShortage([&] { management::LoadList(&record); },
                              [&](Shortage) {
@@ -82,6 +91,7 @@ TEST_F(ShortMemoryManagementTest, ALoadThatFailsLeavesAnEmptyList) {
                                  EXPECT_EQ(List().ProjectName(), "");
                                  EXPECT_EQ(List().KindCount(), kKindCount);
                                  EXPECT_TRUE(messages.shown.empty());
+                                 EXPECT_EQ(HeldWithEmptyList(), held);
                              });
     EXPECT_GT(shortages, 12U);
     EXPECT_EQ(EntryCount(), kEntryCount);
@@ -89,11 +99,13 @@ TEST_F(ShortMemoryManagementTest, ALoadThatFailsLeavesAnEmptyList) {
 
 TEST_F(ShortMemoryManagementTest, AFailedSavingIsReportedAndKeepsTheList) {
     const std::string file = test::FileText(kListFile);
-    const std::size_t shortages = RunWithEveryShortage([&] { management::SaveList(&record); },
-                                                       [&](Shortage shortage) {
-                                                           EXPECT_EQ(EntryCount(), kEntryCount);
-                                                           ExpectMessage(shortage);
-                                                       });
+    const std::size_t held = HeldBlocks();
+    const auto save = [&] { management::SaveList(&record); };
+    const std::size_t shortages = RunWithEveryShortage(save, [&](Shortage shortage) {
+        EXPECT_EQ(EntryCount(), kEntryCount);
+        ExpectMessage(shortage);
+        EXPECT_EQ(HeldBlocks(), held);
+    });
     EXPECT_GT(shortages, 0U);
     EXPECT_EQ(test::FileText(kListFile), file);
 }
@@ -101,11 +113,13 @@ TEST_F(ShortMemoryManagementTest, AFailedSavingIsReportedAndKeepsTheList) {
 TEST_F(ShortMemoryManagementTest, AFailedExportIsReportedAndKeepsTheList) {
     for (const char* path : {kExportedList, kExportedCsv}) {
         const std::string file = test::FileText(path);
+        const std::size_t held = HeldBlocks();
         const std::size_t shortages =
             RunWithEveryShortage([&] { management::ExportList(&record, path); },
                                  [&](Shortage shortage) {
                                      EXPECT_EQ(EntryCount(), kEntryCount);
                                      ExpectMessage(shortage);
+                                     EXPECT_EQ(HeldBlocks(), held);
                                  });
         EXPECT_GT(shortages, 0U);
         EXPECT_EQ(test::FileText(path), file);
@@ -123,6 +137,10 @@ TEST_F(ShortMemoryManagementTest, AFailedExportIsNotOffered) {
         messages.asked.clear();
         management::ExportAndOpenList(&record, kExportedCsv);
     };
+    exportAndOpen();  // has all that is kept for later
+    std::filesystem::remove(kExportedCsv);
+    messages.asked.clear();
+    const std::size_t held = HeldBlocks();
     const std::size_t shortages = RunWithEveryShortage(exportAndOpen, [&](Shortage shortage) {
         EXPECT_EQ(EntryCount(), kEntryCount);
         EXPECT_TRUE(messages.asked.empty());
@@ -130,6 +148,7 @@ TEST_F(ShortMemoryManagementTest, AFailedExportIsNotOffered) {
             ExpectMessage(shortage);
         }
         EXPECT_TRUE(TakeMessages().empty());
+        EXPECT_EQ(HeldBlocks(), held);
         std::filesystem::remove(kExportedCsv);
     });
     EXPECT_GT(shortages, 0U);
@@ -137,12 +156,14 @@ TEST_F(ShortMemoryManagementTest, AFailedExportIsNotOffered) {
 }
 
 TEST_F(ShortMemoryManagementTest, AFailedImportOfANewListIsReported) {
+    const std::size_t held = HeldWithEmptyList();
     const std::size_t shortages =
         RunWithEveryShortage([&] { management::ImportNewList(&record, kExportedList); },
                              [&](Shortage shortage) {
                                  EXPECT_LE(EntryCount(), kEntryCount);
                                  EXPECT_EQ(List().KindCount(), kKindCount);
                                  ExpectMessage(shortage);
+                                 EXPECT_EQ(HeldWithEmptyList(), held);
                              });
     EXPECT_GT(shortages, 12U);
     EXPECT_EQ(EntryCount(), kEntryCount);
@@ -150,11 +171,14 @@ TEST_F(ShortMemoryManagementTest, AFailedImportOfANewListIsReported) {
 
 TEST_F(ShortMemoryManagementTest, AFailedImportIntoTheListIsReported) {
     for (const char* path : {kExportedList, kExportedCsv}) {
+        const std::size_t held = HeldWithEmptyList();
+        FillList();
         const std::size_t shortages =
             RunWithEveryShortage([&] { management::ImportIntoList(&record, path); },
                                  [&](Shortage shortage) {
                                      EXPECT_EQ(EntryCount(), kEntryCount);
                                      ExpectMessage(shortage);
+                                     EXPECT_EQ(HeldWithEmptyList(), held);
                                      FillList();
                                  });
         EXPECT_GT(shortages, 0U);
@@ -176,13 +200,16 @@ TEST_F(ShortMemoryManagementTest, ClearingAndUpdatingNeedNoMemory) {
 }
 
 TEST_F(ShortMemoryManagementTest, ADeclarationIsWholeOrHasNotBeen) {
+    const std::size_t held = HeldWithEmptyList();
+    FillList();
     management::BeginUpdate();
     const auto declare = [] { management::DeclareParameter("PT1", "PT777777"); };
-    const std::size_t shortages = RunWithEveryShortage(declare, [](Shortage) {
+    const std::size_t shortages = RunWithEveryShortage(declare, [&](Shortage) {
         List().SetDeclaredOnly(false);
         const char* place = TextOf("PT777777") == kLongText ? "PT777777" : "PT1";
         EXPECT_EQ(TextOf(place), kLongText);
         EXPECT_EQ(DescriptionOf(place), "name|comment");
+        EXPECT_EQ(HeldWithEmptyList(), held);
         FillList();
         management::BeginUpdate();
     });
@@ -247,6 +274,13 @@ constexpr Writing kWritings[] = {
      "TIMEPARA99", "8"},
 };
 
+std::int32_t WriteIntoEmptyList(const Writing& writing) {
+    test::SuspendShortage(true);
+    management::ClearList();
+    test::SuspendShortage(false);
+    return writing.write();
+}
+
 TEST_F(ShortMemoryManagementTest, AValueIsWrittenWholeOrUndefined) {
     for (const Writing& writing : kWritings) {
         SCOPED_TRACE(writing.name);
@@ -254,7 +288,7 @@ TEST_F(ShortMemoryManagementTest, AValueIsWrittenWholeOrUndefined) {
         management::ClearList();
         const std::size_t held = HeldBlocks();
         std::int32_t result = 0;
-        const auto write = [&] { result = writing.write(); };
+        const auto write = [&] { result = WriteIntoEmptyList(writing); };
         const std::size_t shortages = RunWithEveryShortage(write, [&](Shortage) {
             const std::string text = TextOf(writing.address);
             EXPECT_TRUE(text == "none" || text.empty() || text == writing.text) << text;
@@ -275,13 +309,16 @@ TEST_F(ShortMemoryManagementTest, AccessorsTellThatWritingFailed) {
             continue;
         }
         SCOPED_TRACE(writing.name);
-        management::ClearList();
+        const std::size_t held = HeldWithEmptyList();
         std::int32_t result = 0;
-        RunWithEveryShortage([&] { result = writing.write(); },
-                             [&](Shortage) {
-                                 EXPECT_EQ(result, 0);
-                                 management::ClearList();
-                             });
+        const std::size_t shortages =
+            RunWithEveryShortage([&] { result = WriteIntoEmptyList(writing); },
+                                 [&](Shortage) {
+                                     EXPECT_EQ(result, 0);
+                                     EXPECT_EQ(HeldWithEmptyList(), held);
+                                 });
+        EXPECT_GT(shortages, 0U);
+        EXPECT_EQ(result, 1);
     }
 }
 
@@ -328,35 +365,34 @@ TEST_F(ShortMemoryManagementTest, ATextThatCannotBeReadIsEmpty) {
         text.fill('x');
         result = management::GetValue("PT1", text.data(), text.size(), 5);
     };
-    RunWithEveryShortage(get, [&](Shortage) {
+    const std::size_t shortages = RunWithEveryShortage(get, [&](Shortage) {
         EXPECT_EQ(result, 0);
         EXPECT_EQ(text[0], '\0');
         EXPECT_EQ(HeldBlocks(), held);
     });
+    EXPECT_GT(shortages, 0U);
     EXPECT_EQ(result, 1);
     EXPECT_STREQ(text.data(), kLongText);
     const auto getIntoSignal = [&] {
         signal[35] = '\0';
         STDSIL_GetStringValue(signal.data());
     };
-    RunWithEveryShortage(getIntoSignal, [&](Shortage) {
+    const std::size_t signalShortages = RunWithEveryShortage(getIntoSignal, [&](Shortage) {
         EXPECT_EQ(signal[35], '\0');
         EXPECT_EQ(HeldBlocks(), held);
     });
+    EXPECT_GT(signalShortages, 0U);
     EXPECT_EQ(std::string(signal.data() + 35), std::string(kLongText).substr(0, 17));
 }
 
-TEST_F(ShortMemoryManagementTest, NamesAreSetOrStay) {
+TEST_F(ShortMemoryManagementTest, NamesAreSetWithoutMemory) {
     std::int32_t result = 0;
-    const auto rename = [&] {
-        result = STDSIL_SetName("PT1", "a new name") + STDSIL_SetComment("PT1", "a new comment");
-    };
-    RunWithEveryShortage(rename, [&](Shortage) {
-        EXPECT_LT(result, 2);
-        EXPECT_EQ(TextOf("PT1"), kLongText);
-    });
+    EXPECT_TRUE(NeedsNoMemory([&] {
+        result = STDSIL_SetName("PT1", "a new name") + STDSIL_SetComment("PT1", kLongText);
+    }));
     EXPECT_EQ(result, 2);
-    EXPECT_EQ(DescriptionOf("PT1"), "a new name|a new comment");
+    EXPECT_EQ(DescriptionOf("PT1"), "a new name|" + std::string(kLongText).substr(0, 30));
+    EXPECT_EQ(TextOf("PT1"), kLongText);
 }
 
 TEST_F(ShortMemoryManagementTest, AVectorIsSetUpToTheElementThatFailed) {

@@ -5,12 +5,14 @@
 namespace {
 
 using orvell::test::kNoLimit;
+using orvell::test::Shortage;
 
 constexpr std::size_t kBookkeeping = 16;
 
 std::size_t takenBytes = 0;
 std::size_t totalBytes = 0;
 std::size_t remainingAllocations = kNoLimit;
+Shortage shortageBehind = Shortage::Lasting;
 
 /// What a block costs in the C run-time's heap: a header of 8 bytes, in steps of 8.
 std::size_t CostOf(std::size_t size) {
@@ -29,14 +31,18 @@ std::size_t TotalBytes() {
     return totalBytes;
 }
 
-void LimitAllocations(std::size_t count) {
+void LimitAllocations(std::size_t count, Shortage shortage) {
     remainingAllocations = count;
+    shortageBehind = shortage;
 }
 
 }  // namespace orvell::test
 
 void* operator new(std::size_t size) {
     if (remainingAllocations == 0 || size > kNoLimit / 4) {
+        if (shortageBehind == Shortage::Passing) {
+            remainingAllocations = kNoLimit;
+        }
         throw std::bad_alloc();
     }
     if (remainingAllocations != kNoLimit) {

@@ -3,6 +3,7 @@
 #include "paramlist/csv_file_writer.h"
 #include "paramlist/list_file_reader.h"
 #include "paramlist/list_file_writer.h"
+#include "support/short_memory.h"
 #include "unit/paramlist/csv_import_fixture.h"
 #include "unit/paramlist/generated_list.h"
 
@@ -29,13 +30,17 @@ TEST_P(WriteErrors, EveryFailedWriteIsNoticedAndIsTheLast) {
     test::MemorySink whole;
     ASSERT_TRUE(Write(whole));
     ASSERT_GE(whole.writeCount, 3);
+    const std::size_t held = test::HeldBlocks();
     for (int failing = 0; failing < whole.writeCount; ++failing) {
-        test::MemorySink sink(failing);
-        EXPECT_FALSE(Write(sink)) << failing;
-        EXPECT_EQ(sink.writeCount, failing);
-        EXPECT_EQ(sink.refusedCount, 1) << failing;
-        EXPECT_EQ(sink.closeCount, 1) << failing;
-        EXPECT_TRUE(whole.text.starts_with(sink.text)) << failing;
+        {
+            test::MemorySink sink(failing);
+            EXPECT_FALSE(Write(sink)) << failing;
+            EXPECT_EQ(sink.writeCount, failing);
+            EXPECT_EQ(sink.refusedCount, 1) << failing;
+            EXPECT_EQ(sink.closeCount, 1) << failing;
+            EXPECT_TRUE(whole.text.starts_with(sink.text)) << failing;
+        }
+        EXPECT_EQ(test::HeldBlocks(), held) << failing;
     }
     test::MemorySink never(whole.writeCount);
     EXPECT_TRUE(Write(never));
@@ -56,10 +61,12 @@ TEST_P(WriteErrors, AnEmptyListIsWrittenWithTheLastBlock) {
 }
 
 TEST_F(WriteErrors, FilesThatCannotBeWrittenAreFailures) {
+    const std::size_t held = test::HeldBlocks();
     // The last is a device that is always full, or nothing where there is no such device.
     for (const char* path : {"", "no such folder/A.SIL", "/", "/dev/full"}) {
         EXPECT_FALSE(WriteListFile(list, strings, std::string(path))) << path;
         EXPECT_FALSE(WriteCsvFile(list, strings, std::string(path))) << path;
+        EXPECT_EQ(test::HeldBlocks(), held) << path;
     }
 }
 

@@ -13,7 +13,7 @@
 namespace orvell::paramlist {
 namespace {
 
-using test::FailEveryAllocation;
+using test::Shortage;
 using test::TakenBytes;
 
 class SilentWarnings : public ImportWarnings {
@@ -52,7 +52,7 @@ class ViewSource : public platform::ByteSource {
     std::string_view rest_;
 };
 
-class ShortMemoryTest : public test::ListFixture {
+class ShortMemoryTest : public test::ListFixture, public testing::WithParamInterface<Shortage> {
   protected:
     ShortMemoryTest() {
         for (int number = 1; number <= kCount; ++number) {
@@ -68,6 +68,11 @@ class ShortMemoryTest : public test::ListFixture {
         Import(listFile);  // has all texts loaded
         ImportCsv();
         list.ClearAll();
+    }
+
+    template <typename Action, typename Check>
+    static void FailEveryAllocation(const Action& action, const Check& check) {
+        test::FailEveryAllocation(action, check, GetParam());
     }
 
     void Import(std::string_view text) {
@@ -99,7 +104,13 @@ class ShortMemoryTest : public test::ListFixture {
     std::string csvFile;
 };
 
-TEST_F(ShortMemoryTest, AListFileIsTakenOverUpToTheRecordThatFailed) {
+INSTANTIATE_TEST_SUITE_P(Shortage, ShortMemoryTest,
+                         testing::Values(Shortage::Passing, Shortage::Lasting),
+                         [](const auto& shortage) {
+                             return shortage.param == Shortage::Passing ? "Passing" : "Lasting";
+                         });
+
+TEST_P(ShortMemoryTest, AListFileIsTakenOverUpToTheRecordThatFailed) {
     const std::size_t before = TakenBytes();
     int mostEntries = 0;
     FailEveryAllocation([&] { Import(listFile); },
@@ -118,7 +129,7 @@ TEST_F(ShortMemoryTest, AListFileIsTakenOverUpToTheRecordThatFailed) {
     EXPECT_EQ(TakenBytes(), before);
 }
 
-TEST_F(ShortMemoryTest, ACsvFileIsTakenOverUpToTheRecordThatFailed) {
+TEST_P(ShortMemoryTest, ACsvFileIsTakenOverUpToTheRecordThatFailed) {
     const std::size_t before = TakenBytes();
     const auto addEmptyEntries = [&] {
         list.ClearAll();
@@ -141,7 +152,7 @@ TEST_F(ShortMemoryTest, ACsvFileIsTakenOverUpToTheRecordThatFailed) {
     EXPECT_EQ(WholeEntries(), kCount);
 }
 
-TEST_F(ShortMemoryTest, WritersLeaveNothingBehind) {
+TEST_P(ShortMemoryTest, WritersLeaveNothingBehind) {
     Import(listFile);
     using Writer =
         bool (*)(const ParameterList&, const resources::StringTable&, platform::ByteSink&);
@@ -160,7 +171,7 @@ TEST_F(ShortMemoryTest, WritersLeaveNothingBehind) {
     }
 }
 
-TEST_F(ShortMemoryTest, AFailedLoadLeavesAnEmptyListWithoutAName) {
+TEST_P(ShortMemoryTest, AFailedLoadLeavesAnEmptyListWithoutAName) {
     const test::TemporaryFolder folder;
     test::WriteFile("PLANT.SIL", listFile);
     const std::string project = "plant.prj";
@@ -177,7 +188,7 @@ TEST_F(ShortMemoryTest, AFailedLoadLeavesAnEmptyListWithoutAName) {
     EXPECT_EQ(list.ProjectName(), project);
 }
 
-TEST_F(ShortMemoryTest, TheFirstLoadHasAllKindsOrNone) {
+TEST_P(ShortMemoryTest, TheFirstLoadHasAllKindsOrNone) {
     const test::TemporaryFolder folder;
     test::WriteFile("PLANT.SIL", listFile);
     const std::string project = "plant.prj";
@@ -196,7 +207,7 @@ TEST_F(ShortMemoryTest, TheFirstLoadHasAllKindsOrNone) {
     EXPECT_EQ(TakenBytes(), before);
 }
 
-TEST_F(ShortMemoryTest, FailedOpeningsLeaveNoFileOpen) {
+TEST_P(ShortMemoryTest, FailedOpeningsLeaveNoFileOpen) {
     const test::TemporaryFolder folder;
     const std::string path = "A.TXT";
     const std::size_t before = TakenBytes();
@@ -208,7 +219,7 @@ TEST_F(ShortMemoryTest, FailedOpeningsLeaveNoFileOpen) {
     EXPECT_EQ(TakenBytes(), before);
 }
 
-TEST_F(ShortMemoryTest, AValueIsSetWithItsDescriptionOrUndefined) {
+TEST_P(ShortMemoryTest, AValueIsSetWithItsDescriptionOrUndefined) {
     const std::string text = "a text of more than a few bytes";
     const std::size_t before = TakenBytes();
     FailEveryAllocation(
@@ -224,7 +235,7 @@ TEST_F(ShortMemoryTest, AValueIsSetWithItsDescriptionOrUndefined) {
     EXPECT_EQ(Entry("PT1"), "n|" + text + "|c");
 }
 
-TEST_F(ShortMemoryTest, AVectorIsSetUpToTheElementThatFailed) {
+TEST_P(ShortMemoryTest, AVectorIsSetUpToTheElementThatFailed) {
     const std::vector<double> values(kCount, 1.5);
     EXPECT_TRUE(list.FillVector("PF1", values));  // has the text loaded
     list.ClearAll();
@@ -250,7 +261,7 @@ std::size_t Cost(const Action& action) {
     return test::TotalBytes() - before;
 }
 
-TEST_F(ShortMemoryTest, FilesCostMemoryInProportion) {
+TEST_P(ShortMemoryTest, FilesCostMemoryInProportion) {
     constexpr std::size_t kMegabyte = 1024 * 1024;
     const std::string huge(4 * kMegabyte, 'x');
     const std::string quotes(4 * kMegabyte, '"');

@@ -41,13 +41,17 @@ class SlowSource : public platform::ByteSource {
     std::function<std::size_t()> nextSize_;
 };
 
-/// A file in use that does something to itself behind one of its reads.
+/// A file in use that does something to itself behind one of its reads, or, behind read 0, before
+/// the first.
 class DisturbedSource : public platform::ByteSource {
   public:
     DisturbedSource(const std::string& path, int read, std::function<void()> disturb)
         : source_(platform::OpenFileToRead(path)), read_(read), disturb_(std::move(disturb)) {}
 
     [[nodiscard]] std::size_t Read(std::span<char> buffer) override {
+        if (readCount == 0 && read_ == 0) {
+            disturb_();
+        }
         const std::size_t size = source_->Read(buffer);
         givenBytes += size;
         if (++readCount == read_) {
@@ -136,11 +140,11 @@ class VanishingFilesTest : public SlowFilesTest {
   protected:
     VanishingFilesTest() { MakeFiles(2000); }  // several blocks of either file
 
-    /// Reads the file while it is cut behind read 1, 2, 3, ... to nothing: it ends there. `read`
+    /// Reads the file while it is cut behind read 0, 1, 2, ... to nothing: it ends there. `read`
     /// reads from a source into the other list and tells what it has become.
     template <typename ReadFrom>
     void ExpectEndBehindEachRead(const std::string& text, const ReadFrom& read) {
-        int behind = 1;
+        int behind = 0;
         for (;; ++behind) {
             test::WriteFile("A.TXT", text);
             DisturbedSource cut("A.TXT", behind, [] { std::filesystem::resize_file("A.TXT", 0); });
@@ -149,6 +153,7 @@ class VanishingFilesTest : public SlowFilesTest {
                 break;
             }
             EXPECT_LE(cut.readCount, behind + 1);
+            EXPECT_EQ(cut.givenBytes == 0, behind == 0) << behind;
             test::MemorySource part(text.substr(0, cut.givenBytes));
             EXPECT_EQ(found, read(part)) << behind;
         }
@@ -177,10 +182,12 @@ TEST_F(VanishingFilesTest, ACsvFileEndsWhereItWasCut) {
 }
 
 TEST_F(VanishingFilesTest, AFileThatGrowsIsReadToItsNewEnd) {
-    test::WriteFile("A.TXT", listFile.substr(0, kBlockBytes));
-    DisturbedSource growing("A.TXT", 1, [this] { test::WriteFile("A.TXT", listFile); });
-    ReadListFrom(growing);
-    EXPECT_EQ(Everything(other), everything);
+    for (const int behind : {0, 1}) {
+        test::WriteFile("A.TXT", listFile.substr(0, kBlockBytes));
+        DisturbedSource growing("A.TXT", behind, [this] { test::WriteFile("A.TXT", listFile); });
+        ReadListFrom(growing);
+        EXPECT_EQ(Everything(other), everything) << behind;
+    }
 }
 
 }  // namespace
