@@ -38,7 +38,6 @@ if(WIN32)
         UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601 WINVER=0x0601)
     # Nothing but system DLLs is needed beside our files: the run-time is linked statically.
     add_link_options(-static -static-libgcc -static-libstdc++)
-    add_link_options($<$<CONFIG:Release>:-s>)
     # Overrun buffers, wrong indices and variables without a value have a defined end. What these
     # flags call is in src/platform/win32/stack_guard.cpp; copies are checked where code is optimised.
     add_compile_options(-fstack-protector-strong -ftrivial-auto-var-init=zero

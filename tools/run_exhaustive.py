@@ -13,7 +13,8 @@ import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build" / "exhaustive"
-PROGRAM = BUILD / "bin" / "exhaustive_check"
+NATIVE = BUILD / "bin" / "exhaustive_check"
+WINDOWS = ROOT / "build" / "exhaustive-win32" / "bin" / "exhaustive_check.exe"
 GENERATOR = ROOT / "tests" / "exhaustive" / "hard_decimals.py"
 DECIMALS = BUILD / "hard_decimals.txt"
 
@@ -74,15 +75,16 @@ def make_decimals():
 
 def checks():
     """Number of values of each check."""
-    lines = output_of(PROGRAM, "list", DECIMALS, text=True).splitlines()
+    lines = output_of(NATIVE, "list", DECIMALS, text=True).splitlines()
     return {name: int(count) for name, count in (line.split() for line in lines)}
 
 
 class Part:
     """A part of a check, and the file of what came of it."""
 
-    def __init__(self, check, number, count, environment, folder):
+    def __init__(self, program, check, number, count, environment, folder):
         self.check = check
+        self.program = [ROOT / "tools" / "wine", program] if program == WINDOWS else [program]
         self.arguments = [check, str(number), str(count), environment]
         self.path = folder / "-".join([environment, check, str(number), "of", str(count)])
 
@@ -94,7 +96,7 @@ class Part:
         """Runs the part unless it is done or time is up; False when it could not be run."""
         if self.path.exists() or time.monotonic() > deadline:
             return True
-        command = subprocess.run([PROGRAM, "run", DECIMALS, *self.arguments], check=False,
+        command = subprocess.run([*self.program, "run", DECIMALS, *self.arguments], check=False,
                                  stdout=subprocess.PIPE, text=True)
         if command.returncode not in (0, 1):
             return False
@@ -106,12 +108,13 @@ class Part:
 
 def parts_of(check, count, arguments, folder):
     """All parts of a check, or the one that was asked for."""
+    def part(number, parts):
+        return Part(arguments.program, check, number, parts, arguments.environment, folder)
+
     if arguments.part:
-        number, parts = arguments.part
-        return [Part(check, number, parts, arguments.environment, folder)]
+        return [part(*arguments.part)]
     parts = 1 if count < FEW_VALUES else PARTS
-    return [Part(check, number, parts, arguments.environment, folder)
-            for number in range(1, parts + 1)]
+    return [part(number, parts) for number in range(1, parts + 1)]
 
 
 def one_of_parts(text):
@@ -145,6 +148,8 @@ def main():
                         help="begin no further part after this time")
     parser.add_argument("--plain", dest="environment", action="store_const", const="plain",
                         default="host", help="leave locale and x87 precision as they are")
+    parser.add_argument("--wine", dest="program", action="store_const", const=WINDOWS,
+                        default=NATIVE, help="run the Windows program")
     parser.add_argument("--jobs", type=int, default=os.cpu_count())
     arguments = parser.parse_args()
     deadline = time.monotonic() + arguments.minutes * 60
@@ -155,7 +160,7 @@ def main():
     if unknown:
         sys.exit(f"no such check: {' '.join(unknown)} (there are: {' '.join(counts)})")
     # What another program or other decimals gave does not count.
-    content = PROGRAM.read_bytes() + DECIMALS.read_bytes()
+    content = arguments.program.read_bytes() + DECIMALS.read_bytes()
     folder = BUILD / "results" / hashlib.sha256(content).hexdigest()[:16]
     folder.mkdir(parents=True, exist_ok=True)
     parts = [part for name in names for part in parts_of(name, counts[name], arguments, folder)]
