@@ -24,7 +24,8 @@ Operations Join(std::initializer_list<std::span<const Operation>> parts) {
 const Operations& CommonOperations() {
     static const Operations operations =
         Join({ListOperations(), ValueOperations(), FormOperations(), VectorOperations(),
-              DefinitionOperations(), RecordOperations(), ResolveOperations()});
+              DefinitionFileOperations(), DefinitionOperations(), RecordOperations(),
+              ResolveOperations()});
     return operations;
 }
 

@@ -74,6 +74,14 @@ constexpr std::array kAreas = {
 
 }  // namespace
 
+const ModelArea kHugeLevel = {20, 1, "Level", 8, "INT", 700, true, kHuge, {}, {}};
+const ModelArea kLongLevel = {20, 1, "Level", 4, "UINT", 701, true, kLong, {}, {}};
+const ModelArea kTank = {20, 1, "Tank", 2, "INT", 700, true, kWord, {}, {}};
+
+std::span<const ModelArea> AllAreas() {
+    return kAreas;
+}
+
 const char* const kDefinitions = R"(<Definitions><TypeList>
 <Type Name="Point" BaseType="Structured"><Item Name="x" Type="Word"/>
   <Item Name="y" Type="Word" Dimension="2"/></Type>
@@ -109,8 +117,8 @@ const ModelArea* FindArea(std::int32_t identifier) {
 }
 
 std::int32_t ChooseArea(Program& program) {
-    constexpr std::array<std::int32_t, 20> kIdentifiers = {1, 2,  3,  4,  5,  6,  7,  8,  9,  99,
-                                                           0, -1, 10, 11, 12, 13, 14, 15, 16, 17};
+    constexpr std::array<std::int32_t, 23> kIdentifiers = {
+        1, 2, 3, 4, 5, 6, 7, 8, 9, 99, 0, -1, 10, 11, 12, 13, 14, 15, 16, 17, 20, 21, 22};
     return program.Pick(kIdentifiers);
 }
 

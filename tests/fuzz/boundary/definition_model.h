@@ -59,7 +59,16 @@ struct ModelArea {
 /// A definition file with these areas.
 extern const char* const kDefinitions;
 
-/// The area with this identifier; null for one that is not defined, or has an unknown type.
+/// The areas of this file, but for the one that has an unknown type.
+[[nodiscard]] std::span<const ModelArea> AllAreas();
+
+// Areas of types that other files define, two of them under the same name.
+extern const ModelArea kHugeLevel;
+extern const ModelArea kLongLevel;
+extern const ModelArea kTank;
+
+/// The area of this file with this identifier; null for one that is not defined, or has an unknown
+/// type.
 [[nodiscard]] const ModelArea* FindArea(std::int32_t identifier);
 
 [[nodiscard]] std::int32_t ChooseArea(Program& program);

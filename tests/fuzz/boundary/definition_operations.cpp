@@ -8,58 +8,6 @@
 namespace orvell::fuzz {
 namespace {
 
-/// No system has files below this path.
-constexpr const char* kProject = "/dev/null/plant.prj";
-
-void LoadDefinitions(Session& session, Program& program) {
-    static const std::array<const char*, 4> kFiles = {kDefinitions, "<Definitions/>",
-                                                      "<Definitions", ""};
-    const char* const file = program.Pick(kFiles);
-    session.SetDefinitionFile(file);
-    HostText path(program.Choose(4) != 3 ? std::optional<std::string>(kProject) : std::nullopt);
-    HostRecord<ConfigurationRecord> record(program,
-                                           {sizeof(ConfigurationRecord), nullptr, path.Pointer()});
-    const bool hasPath = record.Understood().path != nullptr;
-    const std::uint32_t token = session.ChooseConfigToken(program);
-    session.standard.LoadStdMemConfig(record.Pointer(), token);
-    if (!session.AdmitConfig(token)) {
-        session.ExpectMessages(0);
-        return;
-    }
-    const bool isBroken = file == kFiles[2] || file == kFiles[3];
-    session.ExpectMessages(!hasPath || isBroken ? 1 : 0);
-    if (hasPath) {
-        session.areDefined = file == kDefinitions;
-    }
-}
-
-void CloseDefinitions(Session& session, Program& program) {
-    const std::uint32_t token = session.ChooseConfigToken(program);
-    session.standard.CloseStdMemConfig(token);
-    if (session.AdmitConfig(token)) {
-        session.areDefined = false;
-    }
-}
-
-/// The project has no definition file of its own: there is nothing to save, export or merge.
-void CopyDefinitions(Session& session, Program& program) {
-    HostText path(kProject);
-    HostText directory(program.Decide() ? std::optional<std::string>("/dev/null") : std::nullopt);
-    HostRecord<ConfigurationRecord> record(program,
-                                           {sizeof(ConfigurationRecord), nullptr, path.Pointer()});
-    const std::uint32_t token = session.ChooseConfigToken(program);
-    const bool isExport = program.Choose(3) == 0;
-    if (isExport) {
-        session.standard.ExportStdMemConfig(record.Pointer(), directory.Pointer(), token);
-    } else if (program.Decide()) {
-        session.standard.MergeStdMemConfig(record.Pointer(), directory.Pointer(), token);
-    } else {
-        session.standard.SaveStdMemConfig(record.Pointer(), token);
-    }
-    const bool isAdmitted = session.AdmitConfig(token);
-    session.ExpectMessages(isAdmitted && isExport ? 1 : 0);
-}
-
 void RequireName(const char* actual, const char* expected, const char* what) {
     Require((actual == nullptr) == (expected == nullptr), what);
     Require(expected == nullptr || std::string(actual) == expected, what);
@@ -196,9 +144,9 @@ void AskElement(Session& session, Program& program) {
 }
 
 constexpr std::array kDefinitionOperations = {
-    Operation{'L', LoadDefinitions}, Operation{'X', CloseDefinitions},
-    Operation{'J', CopyDefinitions}, Operation{'i', AskType},
-    Operation{'j', AskStructure},    Operation{'E', AskEnumerator},
+    Operation{'i', AskType},
+    Operation{'j', AskStructure},
+    Operation{'E', AskEnumerator},
     Operation{'m', AskElement},
 };
 

@@ -4,12 +4,22 @@
 #include <memory>
 
 #include "platform/byte_stream.h"
+#include "platform/file_system.h"
 
 namespace orvell {
 
-std::map<std::string, std::string>& fuzz::MemoryFiles() {
-    static std::map<std::string, std::string> files;
-    return files;
+namespace {
+
+fuzz::FilesByPath* filesInUse = nullptr;
+
+}  // namespace
+
+void fuzz::UseFiles(FilesByPath& files) {
+    filesInUse = &files;
+}
+
+fuzz::FilesByPath& fuzz::MemoryFiles() {
+    return *filesInUse;
 }
 
 namespace platform {
@@ -59,6 +69,18 @@ std::unique_ptr<ByteSource> OpenFileToRead(const std::string& path) {
 
 std::unique_ptr<ByteSink> OpenFileToWrite(const std::string& path) {
     return path.empty() || path.starts_with('?') ? nullptr : std::make_unique<MemorySink>(path);
+}
+
+bool FileExists(const std::string& path) {
+    return fuzz::MemoryFiles().contains(path);
+}
+
+bool CopyWholeFile(const std::string& source, const std::string& destination) {
+    if (!FileExists(source) || source == destination || OpenFileToWrite(destination) == nullptr) {
+        return false;
+    }
+    fuzz::MemoryFiles()[destination] = fuzz::MemoryFiles()[source];
+    return true;
 }
 
 }  // namespace platform

@@ -6,6 +6,7 @@
 #include "fuzz/boundary/host_memory.h"
 #include "fuzz/boundary/memory_files.h"
 #include "fuzz/require.h"
+#include "platform/byte_stream.h"
 #include "resources/built_in_strings.h"
 
 namespace orvell {
@@ -35,8 +36,19 @@ host::Module& host::TheModule() {
 namespace fuzz {
 namespace {
 
-/// A file that surely exists; what it holds is up to the XML library.
-constexpr const char* kDefinitionFile = "/proc/self/exe";
+/// Saves a document where files can be created.
+std::int32_t ORVELL_CALL SaveInMemory(XmlDocumentHandle document, const char* path) {
+    using SaveFunction = std::int32_t(ORVELL_CALL*)(XmlDocumentHandle, const char*);
+    static const auto save =
+        reinterpret_cast<SaveFunction>(test::FakeXmlLibrary::Functions().at("XMLIF_Save"));
+    return platform::OpenFileToWrite(path) == nullptr ? 0 : save(document, path);
+}
+
+test::Symbols XmlFunctions() {
+    test::Symbols functions = test::FakeXmlLibrary::Functions();
+    functions["XMLIF_Save"] = test::Address(SaveInMemory);
+    return functions;
+}
 
 /// What the list must give by ascending numbers, equal ones in the order of their insertion.
 std::vector<ModelEntry> InOrder(const ModelKind& kind) {
@@ -77,7 +89,7 @@ void RequireSame(const std::string& actual, const std::string& expected, const c
 }
 
 Session::Session() {
-    MemoryFiles().clear();
+    UseFiles(library.files);
     LoadModule();
     standard.size = sizeof standard;
     Require(GetStdParaFctns(&standard) == 1, "the standard-parameter table is given");
@@ -94,14 +106,10 @@ void Session::LoadModule() {
     currentModule = std::make_unique<host::Module>(
         host::SystemServices{loader, messages, ModuleFileName, OpenStrings});
     currentModule->strings.UseSource(Strings());
-    currentModule->store.SetDefaultPath(kDefinitionFile);
-    static const test::Symbols xmlFunctions = test::FakeXmlLibrary::Functions();
+    currentModule->store.SetDefaultPath(kDefaultDefinitions);
+    static const test::Symbols xmlFunctions = XmlFunctions();
     loader.libraries["XML.DLL"] = xmlFunctions;
     Require(currentModule->xml.Bind(loader, "XML.DLL"), "the XML library is bound");
-}
-
-void Session::SetDefinitionFile(const std::string& text) {
-    library.files[kDefinitionFile] = text;
 }
 
 std::uint32_t Session::ChooseConfigToken(Program& program) {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "fuzz/boundary/definition_model.h"
+#include "fuzz/boundary/definition_files.h"
 #include "fuzz/boundary/list_model.h"
 #include "fuzz/boundary/program.h"
 #include "host/module.h"
@@ -36,9 +36,6 @@ class Session {
     /// One message with this text must have been shown since the last call.
     void ExpectMessage(const std::string& text);
 
-    /// What the next loading of definitions finds.
-    void SetDefinitionFile(const std::string& text);
-
     /// A new change token of the configuration slots, the last one, or another old one.
     [[nodiscard]] std::uint32_t ChooseConfigToken(Program& program);
 
@@ -47,7 +44,7 @@ class Session {
 
     /// The area as it is defined at present; null when it is not.
     [[nodiscard]] const ModelArea* AreaOf(std::int32_t identifier) const {
-        return areDefined ? FindArea(identifier) : nullptr;
+        return definitions.AreaOf(identifier);
     }
 
     /// While it lives a value is on its way to or from the host: the definitions must stay.
@@ -62,13 +59,13 @@ class Session {
         Session& session_;
     };
 
-    bool areDefined = false;     ///< whether the areas of the model are loaded
     bool hasPageLookUp = false;  ///< of the host's callbacks that report imports
     bool hasPageAppend = false;
     test::FakeXmlLibrary library;
     test::FakeLoader loader;
     test::RecordedMessages messages;
     ListModel list;
+    ModelDefinitionFiles definitions;
     ManagementTable management{};
     StdParaFunctionTable standard{};
 
@@ -101,7 +98,10 @@ struct Operation {
 /// The list's files, and what the host is told of them.
 [[nodiscard]] std::span<const Operation> FileOperations();
 
-/// Definitions, and what is told of them.
+/// The configuration slots, and the files that they find and leave.
+[[nodiscard]] std::span<const Operation> DefinitionFileOperations();
+
+/// What is told of the definitions.
 [[nodiscard]] std::span<const Operation> DefinitionOperations();
 
 /// Values in records, shown.
