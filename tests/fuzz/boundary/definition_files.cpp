@@ -71,6 +71,32 @@ void AddMissing(ModelDefinitionFile& file, const ModelDefinitions& more) {
     }
 }
 
+std::size_t CountOf(const std::string& part, const std::string& text) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
+        ++count;
+    }
+    return count;
+}
+
+/// A type that exists without a definition.
+bool IsImplicit(const ModelArea& area) {
+    return area.baseTypeName != nullptr && area.typeName == std::string(area.baseTypeName);
+}
+
+/// A file that has been merged defines each of these once.
+void RequireDefinedOnce(const ModelDefinitions& definitions, const std::string& bytes) {
+    for (const auto& [name, area] : definitions.types) {
+        Require(CountOf("<Type Name=\"" + name + '"', bytes) == (IsImplicit(*area) ? 0 : 1),
+                "a type is merged once");
+    }
+    for (const auto& [identifier, type] : definitions.areas) {
+        const std::string start = "<Memory ID=\"" + std::to_string(identifier) + "\" Type=\"";
+        Require(CountOf(start, bytes) == 1, "an area is merged once");
+        Require(CountOf(start + type + '"', bytes) == 1, "an area keeps its type");
+    }
+}
+
 }  // namespace
 
 const ModelDefinitionFile& ChooseDefinitionFile(Program& program) {
@@ -147,6 +173,8 @@ void ModelDefinitionFiles::Merge(const std::string& source, const std::string& p
         AddMissing(merged, more.first);
         AddMissing(merged, more.further);
         merged.bytes = MemoryFiles()[projectFile];  // how it is written is the XML library's
+        RequireDefinedOnce(merged.first, merged.bytes);
+        RequireDefinedOnce(merged.further, merged.bytes);
         files_[projectFile] = merged;
     }
     static_cast<void>(Load(projectFile));
