@@ -31,6 +31,18 @@ inline std::vector<std::size_t> PointersOf(const HostExportTable&) {
     return {4, 8, 12, 16};
 }
 
+inline std::vector<std::size_t> PointersOf(const DialogParameterRecord&) {
+    return {4, 24, 32, 40, 44};
+}
+/// It has nothing but pointers behind its size word.
+inline std::vector<std::size_t> PointersOf(const OnlineAccessRecord&) {
+    std::vector<std::size_t> offsets;
+    for (std::size_t at = sizeof(void*); at < sizeof(OnlineAccessRecord); at += sizeof(void*)) {
+        offsets.push_back(at);
+    }
+    return offsets;
+}
+
 /// A host's record in memory of exactly the size that it declares, which the program chooses.
 template <typename Record>
 class HostRecord {

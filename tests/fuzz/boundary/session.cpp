@@ -103,8 +103,12 @@ Session::~Session() {
 }
 
 void Session::LoadModule() {
-    currentModule = std::make_unique<host::Module>(
-        host::SystemServices{loader, messages, ModuleFileName, OpenStrings});
+    currentModule =
+        std::make_unique<host::Module>(host::SystemServices{.loader = loader,
+                                                            .messageBoxes = messages,
+                                                            .moduleFileName = ModuleFileName,
+                                                            .openStrings = OpenStrings,
+                                                            .editor = &editor});
     currentModule->strings.UseSource(Strings());
     currentModule->store.SetDefaultPath(kDefaultDefinitions);
     static const test::Symbols xmlFunctions = XmlFunctions();

@@ -16,6 +16,16 @@
 
 namespace orvell::fuzz {
 
+/// Leaves the editing to whoever has been put in its place.
+struct ReplaceableEditor final : public ui::ParameterEditor {
+    bool Edit(DialogParameterRecord* record, const OnlineAccessRecord& host,
+              const ui::EditorServices& services) override {
+        return current->Edit(record, host, services);
+    }
+
+    ui::ParameterEditor* current = nullptr;
+};
+
 /// A module that has just been loaded, its host, and what the host expects of it.
 class Session {
   public:
@@ -64,6 +74,7 @@ class Session {
     test::FakeXmlLibrary library;
     test::FakeLoader loader;
     test::RecordedMessages messages;
+    ReplaceableEditor editor;
     ListModel list;
     ModelDefinitionFiles definitions;
     ManagementTable management{};
@@ -106,6 +117,9 @@ struct Operation {
 
 /// Values in records, shown.
 [[nodiscard]] std::span<const Operation> RecordOperations();
+
+/// Values that the user edits.
+[[nodiscard]] std::span<const Operation> EditOperations();
 
 /// Values built from texts and parameters.
 [[nodiscard]] std::span<const Operation> ResolveOperations();
