@@ -25,7 +25,7 @@ const Operations& CommonOperations() {
     static const Operations operations =
         Join({ListOperations(), ValueOperations(), FormOperations(), VectorOperations(),
               DefinitionFileOperations(), DefinitionOperations(), RecordOperations(),
-              ResolveOperations()});
+              ResolveOperations(), EditOperations()});
     return operations;
 }
 
