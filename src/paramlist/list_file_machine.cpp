@@ -85,8 +85,8 @@ constexpr std::array<std::uint8_t, 5> kFieldStates = {4, 6, 10, 15, 20};
 consteval std::array<std::uint8_t, kStateCount> FieldsOfStates() {
     std::array<std::uint8_t, kStateCount> fields = {};
     fields.fill(kFieldStates.size());
-    for (std::uint8_t field = 0; field < kFieldStates.size(); ++field) {
-        fields[kFieldStates[field]] = field;
+    for (std::size_t field = 0; field < kFieldStates.size(); ++field) {
+        fields[kFieldStates[field]] = static_cast<std::uint8_t>(field);
     }
     return fields;
 }
