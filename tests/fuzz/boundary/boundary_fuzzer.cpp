@@ -25,13 +25,13 @@ const Operations& CommonOperations() {
     static const Operations operations =
         Join({ListOperations(), ValueOperations(), FormOperations(), VectorOperations(),
               DefinitionFileOperations(), DefinitionOperations(), RecordOperations(),
-              ResolveOperations(), EditOperations()});
+              ResolveOperations(), EditOperations(), FileOperations()});
     return operations;
 }
 
 const Operations& AllOperations() {
     static const Operations operations =
-        Join({CommonOperations(), FileOperations(), TransferOperations()});
+        Join({CommonOperations(), PageOperations(), TransferOperations()});
     return operations;
 }
 

@@ -1,5 +1,6 @@
 #include <array>
 #include <stdexcept>
+#include <utility>
 
 #include "fuzz/boundary/file_model.h"
 #include "fuzz/boundary/host_record.h"
@@ -102,9 +103,15 @@ void ExportList(Session& session, Program& program) {
 }
 
 /// What the host's message page does.
-enum class Page { Works, Refuses, Throws };
+enum class Page { Works, Refuses, Throws, CallsBack };
 Page page = Page::Works;
 PageLines pageLines;
+
+/// Who calls back when an import begins; those that begin in between go no deeper than this.
+constexpr int kDeepest = 3;
+int depth = 0;
+Session* importing = nullptr;
+Program* remaining = nullptr;
 
 constexpr std::int32_t kPageNumber = 17;
 
@@ -112,7 +119,18 @@ std::int32_t AnswerOfPage(std::int32_t answer) {
     if (page == Page::Throws) {
         throw std::runtime_error("a page that is none");
     }
-    return page == Page::Works ? answer : -1;
+    return page == Page::Refuses ? -1 : answer;
+}
+
+/// One call from within the page; what that reports has been compared when it returns.
+void CallBack() {
+    if (depth < kDeepest) {
+        ++depth;
+        const PageLines lines = std::exchange(pageLines, {});
+        RunFromCallback(*importing, *remaining);
+        pageLines = lines;
+        --depth;
+    }
 }
 
 std::int32_t ORVELL_CALL LookUp(const char* name) {
@@ -123,11 +141,14 @@ std::int32_t ORVELL_CALL LookUp(const char* name) {
 std::int32_t ORVELL_CALL Append(std::int32_t number, const char* line, std::uint32_t color,
                                 std::int32_t emphasis) {
     pageLines.push_back({number, line, color, emphasis});
+    if (page == Page::CallsBack && pageLines.size() == 1) {
+        CallBack();
+    }
     return AnswerOfPage(1);
 }
 
 void InstallPage(Session& session, Program& program) {
-    constexpr std::array kPages = {Page::Works, Page::Refuses, Page::Throws};
+    constexpr std::array kPages = {Page::Works, Page::Refuses, Page::Throws, Page::CallsBack};
     page = program.Pick(kPages);
     const HostExportTable callbacks{sizeof callbacks, LookUp, Append, nullptr, nullptr};
     HostRecord<HostExportTable> record(program, callbacks);
@@ -142,7 +163,7 @@ void InstallPage(Session& session, Program& program) {
 
 /// The page's lines since the last call must report this import.
 void ExpectReport(const Session& session, const std::string& path, const PlainWarnings& warnings) {
-    const bool isFound = session.hasPageLookUp && page == Page::Works;
+    const bool isFound = session.hasPageLookUp && (page == Page::Works || page == Page::CallsBack);
     Require(
         pageLines == (session.hasPageAppend ? ReportOf(path, warnings, isFound ? kPageNumber : 0)
                                             : PageLines()),
@@ -150,16 +171,22 @@ void ExpectReport(const Session& session, const std::string& path, const PlainWa
     pageLines.clear();
 }
 
-/// What an import into the model's list must give: whether it succeeds.
-bool ImportIntoModel(Session& session, const std::string& path, ListFileScope scope) {
-    if (!MemoryFiles().contains(path)) {
+/// The file's bytes; none if it does not exist.
+std::optional<std::string> BytesOfFile(const std::string& path) {
+    return MemoryFiles().contains(path) ? std::optional(MemoryFiles()[path]) : std::nullopt;
+}
+
+/// What an import of these bytes into the model's list must give: whether it succeeds.
+bool ImportIntoModel(Session& session, const std::string& path,
+                     const std::optional<std::string>& bytes, ListFileScope scope) {
+    if (!bytes) {
         return false;
     }
     if (FormOf(path) == FileForm::List) {
-        return ReadIntoModel(session.list, MemoryFiles()[path], scope);
+        return ReadIntoModel(session.list, *bytes, scope);
     }
     const bool hasKinds = !session.list.Kinds().empty();
-    const PlainWarnings warnings = ReadCsvIntoModel(session.list, MemoryFiles()[path]);
+    const PlainWarnings warnings = ReadCsvIntoModel(session.list, *bytes);
     if (hasKinds) {
         ExpectReport(session, path, warnings);
     }
@@ -175,17 +202,21 @@ void ImportList(Session& session, Program& program) {
     const bool isNew = program.Decide();
     const bool isAdmitted = session.list.Admit();
     pageLines.clear();
+    if (isAdmitted && isNew) {
+        session.list.BuildOrClear();
+    }
+    const std::optional<std::string> bytes = BytesOfFile(OrEmpty(path));
+    importing = &session;
+    remaining = &program;
     (isNew ? session.management.ImportNewList : session.management.ImportIntoList)(record.Pointer(),
                                                                                    file.Pointer());
     if (!isAdmitted) {
         session.ExpectMessages(0);
         return;
     }
-    if (isNew) {
-        session.list.BuildOrClear();
-    }
-    const bool isDone = ImportIntoModel(
-        session, OrEmpty(path), isNew ? ListFileScope::AllEntries : ListFileScope::ExistingEntries);
+    const bool isDone =
+        ImportIntoModel(session, OrEmpty(path), bytes,
+                        isNew ? ListFileScope::AllEntries : ListFileScope::ExistingEntries);
     Require(pageLines.empty(), "nothing else is reported");
     if (isDone) {
         session.ExpectMessages(0);
@@ -198,14 +229,22 @@ void ImportList(Session& session, Program& program) {
 }
 
 constexpr std::array kFileOperations = {
-    Operation{'2', SaveList},   Operation{'1', LoadList},    Operation{'4', ExportList},
-    Operation{'3', ImportList}, Operation{'H', InstallPage},
+    Operation{'2', SaveList},
+    Operation{'1', LoadList},
+    Operation{'4', ExportList},
+    Operation{'3', ImportList},
 };
+
+constexpr std::array kPageOperations = {Operation{'H', InstallPage}};
 
 }  // namespace
 
 std::span<const Operation> FileOperations() {
     return kFileOperations;
+}
+
+std::span<const Operation> PageOperations() {
+    return kPageOperations;
 }
 
 }  // namespace orvell::fuzz

@@ -109,6 +109,9 @@ struct Operation {
 /// The list's files, and what the host is told of them.
 [[nodiscard]] std::span<const Operation> FileOperations();
 
+/// The message page that is told.
+[[nodiscard]] std::span<const Operation> PageOperations();
+
 /// The configuration slots, and the files that they find and leave.
 [[nodiscard]] std::span<const Operation> DefinitionFileOperations();
 
