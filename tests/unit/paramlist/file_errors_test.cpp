@@ -61,6 +61,9 @@ TEST_P(WriteErrors, AnEmptyListIsWrittenWithTheLastBlock) {
 }
 
 TEST_F(WriteErrors, FilesThatCannotBeWrittenAreFailures) {
+    test::MemorySink anywhere;  // loads the texts, which are kept from then on
+    ASSERT_TRUE(WriteListFile(list, strings, anywhere));
+    ASSERT_TRUE(WriteCsvFile(list, strings, anywhere));
     const std::size_t held = test::HeldBlocks();
     // The last is a device that is always full, or nothing where there is no such device.
     for (const char* path : {"", "no such folder/A.SIL", "/", "/dev/full"}) {
