@@ -192,7 +192,7 @@ class User final : public ui::ParameterEditor {
     DialogParameterRecord left_{};
 };
 
-/// Slot 1 on a record; users of whom one lets the host in may stand in a row.
+/// Slot 1 on a record or none; a user may let the host in, which may let another one edit.
 void EditParameter(Session& session, Program& program) {
     std::optional<Edited> edited;
     if (program.Choose(8) != 7) {
