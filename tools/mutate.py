@@ -149,7 +149,8 @@ def tests_pass(names):
     failed."""
     command = ["ctest", "--test-dir", BUILD, "--stop-on-failure", "-j", "2", "-R", names]
     with open(WORK / "tests.log", "wb") as log:
-        with subprocess.Popen(command, stdout=log, stderr=log, start_new_session=True) as tests:
+        with subprocess.Popen(command, stdout=log, stderr=log, start_new_session=True,
+                              env={**os.environ, "GTEST_FAIL_FAST": "1"}) as tests:
             try:
                 return tests.wait(SECONDS_FOR_TESTS) == 0
             except subprocess.TimeoutExpired:
