@@ -123,6 +123,19 @@ TEST(GridLayout, FindsBordersOfColumns) {
     EXPECT_EQ(layout.ColumnBorderAt(100, 4), 1) << "so that a closed column can be opened";
 }
 
+TEST(GridLayout, FindsNoBordersUnderFixedColumns) {
+    GridLayout layout = Layout(4, 4, 1);
+    layout.ScrollToPixels(100);
+    EXPECT_EQ(layout.ColumnBorderAt(100, 4), 1) << "just at the edge";
+    layout.ScrollToPixels(101);
+    EXPECT_EQ(layout.ColumnBorderAt(100, 4), 0);
+    EXPECT_EQ(layout.ColumnBorderAt(199, 4), 2);
+
+    GridLayout closed = Layout(4, 3);
+    closed.SetColumnWidth(0, 0);
+    EXPECT_EQ(closed.ColumnBorderAt(0, 4), 0) << "so that the first column can be opened";
+}
+
 TEST(GridLayout, TellsWhatAnAreaShows) {
     GridLayout layout = Layout(100);
     layout.ScrollToRows(10);
