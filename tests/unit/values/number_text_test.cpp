@@ -94,6 +94,7 @@ TEST(ReadHexadecimal, TakesTheLeadingDigits) {
         {"abcdef", 0xABCDEF},
         {"ABCDEFG", 0xABCDEF},
         {"`1", 0},
+        {"{1", 0},
         {"@1", 0},
         {":1", 0},
         {"/1", 0},

@@ -134,6 +134,7 @@ TEST(GridLayout, FindsNoBordersUnderFixedColumns) {
     GridLayout closed = Layout(4, 3);
     closed.SetColumnWidth(0, 0);
     EXPECT_EQ(closed.ColumnBorderAt(0, 4), 0) << "so that the first column can be opened";
+    EXPECT_EQ(closed.VisiblePart({1, 0}), GridRect()) << "nothing of it is seen";
 }
 
 TEST(GridLayout, TellsWhatAnAreaShows) {
