@@ -137,6 +137,16 @@ TEST(GridLayout, FindsNoBordersUnderFixedColumns) {
     EXPECT_EQ(closed.VisiblePart({1, 0}), GridRect()) << "nothing of it is seen";
 }
 
+TEST(GridLayout, ColumnsThatAreNotThereGetNoWidth) {
+    GridLayout layout = Layout(4, 2);
+    for (const int column : {-1, 2, 3}) {
+        layout.SetColumnWidth(column, 7);
+        EXPECT_EQ(layout.ContentWidth(), 200) << column;
+    }
+    layout.SetShape(Shape(4, 3, 1, 0));
+    EXPECT_EQ(layout.ContentWidth(), 300);
+}
+
 TEST(GridLayout, TellsWhatAnAreaShows) {
     GridLayout layout = Layout(100);
     layout.ScrollToRows(10);
